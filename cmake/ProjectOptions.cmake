@@ -1,0 +1,55 @@
+# Compiler options of every target of the project, and where its binaries go.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# Programs and libraries lie side by side, as on an installed machine, and find one another there.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_BUILD_RPATH "$ORIGIN")
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+set(SYMBKDS_SANITIZE "" CACHE STRING "Sanitizers to build with: address, thread or nothing")
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+
+add_library(project_options INTERFACE)
+target_include_directories(project_options INTERFACE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/symbtables)
+target_compile_options(project_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wcast-qual -Wformat=2
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wundef -Wimplicit-fallthrough
+    # g++ 12 sees overlaps inside its own std::string that are none.
+    -Wno-restrict
+    -Werror)
+
+if(WIN32)
+    target_compile_options(project_options INTERFACE
+        # Interfaces of COM have no destructor at all; those in the system's headers are not declared protected.
+        -Wno-non-virtual-dtor
+        # GetProcAddress answers with one type of function for all of them.
+        -Wno-cast-function-type
+        # The system's headers declare `byte` and the like at namespace level.
+        -Wno-shadow)
+    include(WindowsProgram)
+endif()
+
+# Host, plug-in and tests describe one object by interfaces of their own, so the
+# check that compares dynamic types by name does not apply.
+if(SYMBKDS_SANITIZE STREQUAL "address")
+    set(sanitizer_flags -fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
+elseif(SYMBKDS_SANITIZE STREQUAL "thread")
+    set(sanitizer_flags -fsanitize=thread -fno-omit-frame-pointer)
+else()
+    set(sanitizer_flags)
+endif()
+target_compile_options(project_options INTERFACE ${sanitizer_flags})
+target_link_options(project_options INTERFACE ${sanitizer_flags})

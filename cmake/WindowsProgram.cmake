@@ -1,0 +1,26 @@
+# What programs need beside them on Windows.
+
+# The runtime of the compiler in libraries of their own: linked into each module instead, an exception of one could
+# not be caught in another.
+set(runtime_files)
+foreach(name libstdc++-6.dll libgcc_s_dw2-1.dll libwinpthread-1.dll)
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
+        OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE)
+    if(NOT IS_ABSOLUTE "${file}")
+        set(file /usr/i686-w64-mingw32/lib/${name})
+    endif()
+    if(NOT EXISTS ${file})
+        message(FATAL_ERROR "the compiler's ${name} is missing")
+    endif()
+    list(APPEND runtime_files ${file})
+endforeach()
+add_custom_target(windows_runtime ALL
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
+    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${runtime_files} ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
+    COMMENT "Copying the compiler's runtime")
+
+# Puts a manifest beside the program that leads it to the component where that is not registered.
+function(add_program_manifest target)
+    configure_file(${CMAKE_SOURCE_DIR}/cmake/program.manifest
+        ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${target}.exe.manifest @ONLY)
+endfunction()

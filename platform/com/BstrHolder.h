@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/com/Bstr.h"
+
+#include <utility>
+
+// Owns one BSTR.
+class PLATFORM_API CBstr
+{
+public:
+    CBstr() noexcept = default;
+    // Copies `text` up to its terminator. Raises COleException when memory is short.
+    explicit CBstr(LPCWSTR text);
+    CBstr(const CBstr&) = delete;
+    CBstr& operator=(const CBstr&) = delete;
+    CBstr(CBstr&& other) noexcept : held(std::exchange(other.held, nullptr)) {}
+    CBstr& operator=(CBstr&& other) noexcept
+    {
+        std::swap(held, other.held);
+        return *this;
+    }
+    ~CBstr() { SysFreeString(held); }
+
+    // From narrow text in `codePage`; null counts as empty. Raises COleException when memory is short.
+    static CBstr FromNarrow(LPCSTR text, unsigned codePage);
+
+    // Where an out argument stores the text that becomes ours; frees the one held before.
+    BSTR* Put() noexcept
+    {
+        SysFreeString(std::exchange(held, nullptr));
+        return &held;
+    }
+
+    BSTR Detach() noexcept { return std::exchange(held, nullptr); }
+
+    BSTR Get() const noexcept { return held; }
+    unsigned Length() const noexcept { return SysStringLen(held); }
+
+private:
+    BSTR held = nullptr;
+};

@@ -1,0 +1,67 @@
+#include "platform/windows/InprocServerKey.h"
+
+#include <string>
+
+namespace {
+
+// Any address inside this module serves to find the module.
+const char kInsideThisModule = 0;
+
+// HRESULT of what the registry's calls return.
+HRESULT ResultOf(LSTATUS status)
+{
+    return HRESULT_FROM_WIN32(static_cast<DWORD>(status));
+}
+
+std::wstring KeyOf(REFCLSID clsid)
+{
+    wchar_t text[39]; // {…} and the terminator
+    StringFromGUID2(clsid, text, 39);
+    return std::wstring(L"CLSID\\") + text;
+}
+
+// The path of this module; empty when it cannot be had.
+std::wstring ModulePath()
+{
+    HMODULE module = nullptr;
+    if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                            reinterpret_cast<LPCWSTR>(&kInsideThisModule), &module))
+        return {};
+    constexpr DWORD kLongestPath = 32768;
+    std::wstring path(kLongestPath, L'\0');
+    const DWORD length = GetModuleFileNameW(module, path.data(), kLongestPath);
+    path.resize(length < kLongestPath ? length : 0);
+    return path;
+}
+
+// `name` null is the key's default value.
+HRESULT SetText(const std::wstring& key, LPCWSTR name, const std::wstring& text)
+{
+    const DWORD bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
+    return ResultOf(RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), name, REG_SZ, text.c_str(), bytes));
+}
+
+} // namespace
+
+HRESULT RegisterInprocServer(REFCLSID clsid, LPCWSTR description)
+{
+    const std::wstring path = ModulePath();
+    if (path.empty())
+        return E_UNEXPECTED;
+    const std::wstring key = KeyOf(clsid);
+    const std::wstring server = key + L"\\InprocServer32";
+    HRESULT result = SetText(key, nullptr, description);
+    if (SUCCEEDED(result))
+        result = SetText(server, nullptr, path);
+    if (SUCCEEDED(result))
+        result = SetText(server, L"ThreadingModel", L"Both");
+    if (FAILED(result))
+        UnregisterInprocServer(clsid); // the first failure is the one to tell
+    return result;
+}
+
+HRESULT UnregisterInprocServer(REFCLSID clsid)
+{
+    const LSTATUS status = RegDeleteTreeW(HKEY_CLASSES_ROOT, KeyOf(clsid).c_str());
+    return status == ERROR_FILE_NOT_FOUND ? S_OK : ResultOf(status);
+}

@@ -1,0 +1,121 @@
+#include "platform/win32/CodePage.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using WideText = std::basic_string<WCHAR>;
+
+WideText Widen(const std::string& narrow)
+{
+    const int length = static_cast<int>(narrow.size());
+    WideText wide(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, narrow.data(), length, nullptr, 0)), u'?');
+    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, narrow.data(), length, wide.data(), static_cast<int>(wide.size())),
+              static_cast<int>(wide.size()));
+    return wide;
+}
+
+std::string Narrow(const WideText& wide)
+{
+    const int length = static_cast<int>(wide.size());
+    std::string narrow(
+        static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, nullptr, 0, nullptr, nullptr)),
+        '?');
+    EXPECT_EQ(WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, narrow.data(), static_cast<int>(narrow.size()),
+                                  nullptr, nullptr),
+              static_cast<int>(narrow.size()));
+    return narrow;
+}
+
+struct PairCase
+{
+    const char* narrow;
+    LPCWSTR wide;
+};
+
+TEST(CodePage, WellFormedTextGoesBothWays)
+{
+    const PairCase cases[] = {
+        {"A", OLESTR("A")},
+        {"MOTOR_1.SPEED[12]", OLESTR("MOTOR_1.SPEED[12]")},
+        {"F\xC3\xB6rderband 7, links", OLESTR("F\u00F6rderband 7, links")},
+        {"\xC2\x80\xDF\xBF", OLESTR("\u0080\u07FF")},
+        {"\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF", OLESTR("\u0800\uD7FF\uE000\uFFFF")},
+        {"12345678\xF0\x90\x80\x80xyz\xF4\x8F\xBF\xBF", OLESTR("12345678\U00010000xyz\U0010FFFF")}};
+    for (const PairCase& row : cases) {
+        EXPECT_EQ(Widen(row.narrow), row.wide) << row.narrow;
+        EXPECT_EQ(Narrow(row.wide), row.narrow) << row.narrow;
+    }
+}
+
+// One U+FFFD for the longest beginning of a character, one for each byte that begins none.
+TEST(CodePage, IllFormedBytesBecomeReplacements)
+{
+    const PairCase cases[] = {
+        {"a\x80z", OLESTR("a\uFFFDz")},                           // a continuation alone
+        {"\xC0\xAF\xC1\xBF", OLESTR("\uFFFD\uFFFD\uFFFD\uFFFD")}, // overlong, two bytes
+        {"\xE0\x80\xAFz", OLESTR("\uFFFD\uFFFD\uFFFDz")},         // overlong, three bytes
+        {"\xF0\x8F\xBF\xBF", OLESTR("\uFFFD\uFFFD\uFFFD\uFFFD")}, // overlong, four bytes
+        {"\xED\xA0\x80", OLESTR("\uFFFD\uFFFD\uFFFD")},           // a surrogate
+        {"\xF4\x90\x80\x80", OLESTR("\uFFFD\uFFFD\uFFFD\uFFFD")}, // beyond U+10FFFF
+        {"\xF5\xFF", OLESTR("\uFFFD\uFFFD")},                     // bytes that begin nothing
+        {"\xE2\x82", OLESTR("\uFFFD")},                           // cut short at the end
+        {"\xF0\x9F\x98z\xC3", OLESTR("\uFFFDz\uFFFD")},           // cut short by a letter, and at the end
+        {"\xF0\x9F\xE2\x82\xAC", OLESTR("\uFFFD\u20AC")},         // cut short by a character
+        {"long ascii run \xFF and on", OLESTR("long ascii run \uFFFD and on")},
+    };
+    for (const PairCase& row : cases)
+        EXPECT_EQ(Widen(row.narrow), row.wide) << testing::PrintToString(row.narrow);
+}
+
+TEST(CodePage, SurrogatesWithoutPartnerBecomeReplacements)
+{
+    const std::string replacement = "\xEF\xBF\xBD";
+    EXPECT_EQ(Narrow({u'a', 0xD800}), "a" + replacement);
+    EXPECT_EQ(Narrow({0xDC00, u'a'}), replacement + "a");
+    EXPECT_EQ(Narrow({0xD800, 0xD83D, 0xDE00}), replacement + "\xF0\x9F\x98\x80");
+    EXPECT_EQ(Narrow({0xDBFF, u'z', 0xDFFF}), replacement + "z" + replacement);
+}
+
+TEST(CodePage, LengthsAndRoom)
+{
+    WCHAR wide[8] = {};
+    EXPECT_EQ(MultiByteToWideChar(CP_ACP, 0, "abc", -1, nullptr, 0), 4); // the terminator counts
+    EXPECT_EQ(MultiByteToWideChar(CP_THREAD_ACP, 0, "abc", -1, wide, 4), 4);
+    EXPECT_EQ(WideText(wide), OLESTR("abc"));
+    EXPECT_EQ(MultiByteToWideChar(CP_ACP, 0, "a\0b", 3, wide, 8), 3); // a null inside is a character
+    EXPECT_EQ(wide[2], u'b');
+
+    wide[3] = u'#';
+    SetLastError(0);
+    EXPECT_EQ(MultiByteToWideChar(CP_ACP, 0, "abcdefghijklmnop", -1, wide, 3), 0);
+    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
+    EXPECT_EQ(wide[3], u'#'); // nothing behind the room is touched
+
+    char narrow[8] = {};
+    EXPECT_EQ(WideCharToMultiByte(CP_ACP, 0, OLESTR("\u20AC"), -1, nullptr, 0, nullptr, nullptr), 4);
+    EXPECT_EQ(WideCharToMultiByte(CP_ACP, 0, OLESTR("\u20AC"), -1, narrow, 4, nullptr, nullptr), 4);
+    EXPECT_STREQ(narrow, "\xE2\x82\xAC");
+    SetLastError(0);
+    EXPECT_EQ(WideCharToMultiByte(CP_ACP, 0, OLESTR("\u20AC"), -1, narrow, 3, nullptr, nullptr), 0);
+    EXPECT_EQ(GetLastError(), ERROR_INSUFFICIENT_BUFFER);
+}
+
+TEST(CodePage, BadArgumentsAreRefused)
+{
+    WCHAR wide[4];
+    char narrow[4];
+    const auto refused = [](int result) { return result == 0 && GetLastError() == ERROR_INVALID_PARAMETER; };
+    EXPECT_TRUE(refused(MultiByteToWideChar(CP_UTF8, 0, nullptr, -1, wide, 4)));
+    EXPECT_TRUE(refused(MultiByteToWideChar(CP_UTF8, 0, "a", 0, wide, 4)));
+    EXPECT_TRUE(refused(MultiByteToWideChar(CP_UTF8, 0, "a", -1, nullptr, 4)));
+    EXPECT_TRUE(refused(MultiByteToWideChar(CP_UTF8, 0, "a", -1, wide, -1)));
+    EXPECT_TRUE(refused(MultiByteToWideChar(4711, 0, "a", -1, wide, 4)));
+    EXPECT_TRUE(refused(WideCharToMultiByte(CP_UTF8, 0, nullptr, -1, narrow, 4, nullptr, nullptr)));
+    EXPECT_TRUE(refused(WideCharToMultiByte(CP_UTF8, 0, OLESTR("a"), 0, narrow, 4, nullptr, nullptr)));
+    EXPECT_TRUE(refused(WideCharToMultiByte(CP_UTF8, 0, OLESTR("a"), -1, narrow, 4, "?", nullptr)));
+}
+
+} // namespace

@@ -1,0 +1,174 @@
+// Facts about this system alone: special files, paths in UTF-8, in-process
+// servers in their folder.
+#include "platform/com/ClassObject.h"
+#include "platform/com/InterfacePtr.h"
+#include "platform/mfc/CStdioFile.h"
+#include "platform/mfc/Exceptions.h"
+#include "platform/server/TestServer.h"
+#include "platform/win32/File.h"
+#include "platform/win32/FileStat.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <thread>
+#include <vector>
+
+namespace {
+
+HANDLE Open(LPCSTR path, DWORD access, DWORD disposition)
+{
+    return CreateFileA(path, access, 0, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+TEST(LinuxFile, NamedPipesAndDevicesDoNotBlock)
+{
+    const CTemporaryFolder folder;
+    const std::string pipe = folder.FilePath("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(Open(pipe.c_str(), GENERIC_WRITE, CREATE_ALWAYS), INVALID_HANDLE_VALUE); // nobody reads
+    const HANDLE reader = Open(pipe.c_str(), GENERIC_READ, OPEN_EXISTING);
+    ASSERT_NE(reader, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(GetFileType(reader), FILE_TYPE_PIPE);
+    LARGE_INTEGER size;
+    EXPECT_FALSE(GetFileSizeEx(reader, &size));
+    const HANDLE writer = Open(pipe.c_str(), GENERIC_WRITE, CREATE_ALWAYS);
+    char byte;
+    DWORD done = 7;
+    EXPECT_FALSE(ReadFile(reader, &byte, 1, &done, nullptr)); // nothing there yet
+    EXPECT_EQ(done, 0U);
+    CloseHandle(writer);
+    CloseHandle(reader);
+
+    const HANDLE device = Open("/dev/null", GENERIC_READ, OPEN_EXISTING);
+    EXPECT_EQ(GetFileType(device), FILE_TYPE_CHAR);
+    CloseHandle(device);
+    EXPECT_EQ(GetFileType(device), FILE_TYPE_UNKNOWN);
+}
+
+// The system number of the exception that an operation raises; 0 when it raises none.
+template <class Operation>
+DWORD FileError(Operation operation)
+{
+    try {
+        operation();
+    } catch (const CFileException& failure) {
+        return failure.error;
+    }
+    return 0;
+}
+
+TEST(LinuxFile, FullDiskRaisesAFileException)
+{
+    CStdioFile file;
+    ASSERT_TRUE(file.Create("/dev/full"));
+    file.Write("collected, so not refused yet\n");
+    EXPECT_EQ(FileError([&] { file.Close(); }), ERROR_DISK_FULL);
+    ASSERT_TRUE(file.Create("/dev/full")); // closed all the same
+    EXPECT_EQ(FileError([&] { file.Write(std::string(100000, 'x')); }), ERROR_DISK_FULL);
+    CStdioFile abandoned;
+    ASSERT_TRUE(abandoned.Create("/dev/full"));
+    abandoned.Write("lost");
+}
+
+TEST(LinuxFile, WritingStopsAtTheSizeLimit)
+{
+    const CTemporaryFolder folder;
+    rlimit old{};
+    getrlimit(RLIMIT_FSIZE, &old);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    const HANDLE file = Open(folder.FilePath("file").c_str(), GENERIC_WRITE, CREATE_ALWAYS);
+    const rlimit limit{1000, old.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const std::string text(1500, 'x');
+    DWORD done = 0;
+    const BOOL written = WriteFile(file, text.data(), 1500, &done, nullptr);
+    const DWORD error = GetLastError();
+    setrlimit(RLIMIT_FSIZE, &old);
+    std::signal(SIGXFSZ, oldHandler);
+    CloseHandle(file);
+    EXPECT_FALSE(written);
+    EXPECT_EQ(error, ERROR_DISK_FULL);
+    EXPECT_EQ(done, 1000U);
+}
+
+TEST(LinuxFile, ErrorsAndPathsInUtf8)
+{
+    const CTemporaryFolder folder;
+    const std::string file = folder.WriteFile("F\xC3\xB6\xF0\x9F\x98\x80", "x");
+    const std::u16string wide = std::u16string(folder.Path().begin(), folder.Path().end()) + u"/F\u00F6\U0001F600";
+    EXPECT_EQ(GetFileAttributesW(wide.c_str()), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(Open((file + "/below").c_str(), GENERIC_READ, OPEN_EXISTING), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(GetLastError(), ERROR_PATH_NOT_FOUND);
+    const std::u16string tooLong(10000, u'x');
+    EXPECT_EQ(GetFileAttributesW(tooLong.c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_NAME);
+}
+
+TEST(LinuxFile, TimesBeyond32BitsAreMinusOne)
+{
+    const CTemporaryFolder folder;
+    const std::string file = folder.WriteFile("file", "");
+    struct TimeCase
+    {
+        std::int64_t seconds;
+        std::int32_t expected;
+    };
+    const TimeCase cases[] = {
+        {0, 0}, {INT32_MAX, INT32_MAX}, {std::int64_t{INT32_MAX} + 1, -1}, {4294967296 + 5, -1}, {-5, -5}};
+    for (const TimeCase& row : cases) {
+        const timespec times[2] = {{row.seconds, 0}, {row.seconds, 0}};
+        ASSERT_EQ(utimensat(AT_FDCWD, file.c_str(), times, 0), 0);
+        struct _stat32 status
+        {};
+        EXPECT_EQ(_stat32(file.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mtime, row.expected) << row.seconds;
+    }
+}
+
+HRESULT CreateFromServer(CInterfacePtr<IUnknown>& object)
+{
+    return CoCreateInstance(CLSID_TestServer, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, object.PutVoid());
+}
+
+// Whether the server's library is in the process.
+bool IsServerLoaded()
+{
+    const std::string maps = ReadWholeFile("/proc/self/maps");
+    return maps.find("{0A1B2C3D-4E5F-6071-8293-A4B5C6D7E8F9}.so") != std::string::npos;
+}
+
+TEST(LinuxServer, IsLoadedOnceAndUnloadedWhenIdle)
+{
+    CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+    EXPECT_FALSE(IsServerLoaded());
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back([] {
+            for (int round = 0; round < 50; ++round) {
+                CInterfacePtr<IUnknown> object;
+                EXPECT_EQ(CreateFromServer(object), S_OK);
+                CoFreeUnusedLibraries();
+            }
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+
+    CInterfacePtr<IUnknown> object;
+    ASSERT_EQ(CreateFromServer(object), S_OK);
+    CoFreeUnusedLibraries();
+    EXPECT_TRUE(IsServerLoaded()); // an object lives
+    object.Release();
+    CoFreeUnusedLibraries();
+    EXPECT_FALSE(IsServerLoaded());
+    EXPECT_EQ(CreateFromServer(object), S_OK); // and once more
+    object.Release();
+    CoFreeUnusedLibraries();
+    CoUninitialize();
+}
+
+} // namespace

@@ -1,0 +1,146 @@
+#include "platform/com/BstrHolder.h"
+#include "platform/com/TaskMemory.h"
+#include "platform/com/Variant.h"
+#include "platform/mfc/COleVariant.h"
+#include "platform/mfc/Exceptions.h"
+#include "platform/win32/CodePage.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+namespace {
+
+using WideText = std::basic_string<WCHAR>;
+
+constexpr std::size_t kImpossibleBytes = SIZE_MAX / 4;
+
+// What automation reads: the length in bytes in the four bytes in front of the text.
+std::uint32_t BytesInFront(BSTR text)
+{
+    std::uint32_t bytes;
+    std::memcpy(&bytes, reinterpret_cast<const char*>(text) - sizeof bytes, sizeof bytes);
+    return bytes;
+}
+
+TEST(Bstr, CarriesItsLengthAndATerminator)
+{
+    const BSTR text = SysAllocString(OLESTR("abc"));
+    EXPECT_EQ(WideText(text), OLESTR("abc"));
+    EXPECT_EQ(BytesInFront(text), 6U);
+    EXPECT_EQ(SysStringLen(text), 3U);
+    SysFreeString(text);
+
+    const BSTR withNull = SysAllocStringLen(OLESTR("a\0b"), 3);
+    EXPECT_EQ(std::basic_string_view<WCHAR>(withNull, 4), std::basic_string_view<WCHAR>(OLESTR("a\0b\0"), 4));
+    EXPECT_EQ(SysStringLen(withNull), 3U);
+    SysFreeString(withNull);
+
+    const BSTR unset = SysAllocStringLen(nullptr, 1000);
+    EXPECT_EQ(BytesInFront(unset), 2000U);
+    EXPECT_EQ(unset[1000], 0);
+    SysFreeString(unset);
+}
+
+TEST(Bstr, NullEmptyAndHuge)
+{
+    EXPECT_EQ(SysAllocString(nullptr), nullptr);
+    EXPECT_EQ(SysStringLen(nullptr), 0U);
+    SysFreeString(nullptr);
+    CBstr empty(OLESTR(""));
+    EXPECT_NE(empty.Get(), nullptr);
+    EXPECT_EQ(empty.Length(), 0U);
+    EXPECT_EQ(SysAllocStringLen(nullptr, 0xFFFFFFFFU), nullptr);
+    EXPECT_EQ(SysAllocStringLen(nullptr, 0x7FFFFFFFU), nullptr);
+}
+
+TEST(Bstr, HolderOwnsOneText)
+{
+    CBstr text = CBstr::FromNarrow("F\xC3\xB6n", CP_UTF8);
+    EXPECT_EQ(WideText(text.Get()), OLESTR("F\u00F6n"));
+    EXPECT_EQ(CBstr::FromNarrow(nullptr, CP_UTF8).Length(), 0U);
+    CBstr moved(std::move(text));
+    EXPECT_EQ(text.Get(), nullptr);
+    *text.Put() = SysAllocString(OLESTR("x"));
+    moved = std::move(text);
+    EXPECT_EQ(WideText(moved.Get()), OLESTR("x"));
+    *moved.Put() = SysAllocString(OLESTR("y")); // frees the one before
+    SysFreeString(moved.Detach());
+    EXPECT_EQ(moved.Get(), nullptr);
+    EXPECT_THROW(CBstr::FromNarrow("x", 4711), COleException);
+}
+
+TEST(Variant, ClearFreesAndEmpties)
+{
+    VARIANT value;
+    VariantInit(&value);
+    EXPECT_EQ(value.vt, VT_EMPTY);
+    value.vt = VT_BSTR;
+    value.bstrVal = SysAllocString(OLESTR("text"));
+    EXPECT_EQ(VariantClear(&value), S_OK);
+    EXPECT_EQ(value.vt, VT_EMPTY);
+    value.vt = VT_I4;
+    EXPECT_EQ(VariantClear(&value), S_OK);
+    EXPECT_EQ(value.vt, VT_EMPTY);
+    value.vt = 0x0FFF; // no type
+    EXPECT_TRUE(FAILED(VariantClear(&value)));
+}
+
+TEST(Variant, OleVariantHandsItsValueOn)
+{
+    COleVariant number(LONG{-5});
+    EXPECT_EQ(number.vt, VT_I4);
+    EXPECT_EQ(number.lVal, -5);
+    COleVariant text("\xE2\x82\xAC", CP_UTF8);
+    VARIANT taken = text.Detach();
+    EXPECT_EQ(text.vt, VT_EMPTY);
+    ASSERT_EQ(taken.vt, VT_BSTR);
+    EXPECT_EQ(WideText(taken.bstrVal), OLESTR("\u20AC"));
+    VariantClear(&taken);
+    COleVariant null(nullptr, CP_UTF8);
+    EXPECT_EQ(null.vt, VT_BSTR);
+    EXPECT_EQ(null.bstrVal, nullptr);
+}
+
+TEST(TaskMemory, GrowsAndSurvivesFailure)
+{
+    auto* block = static_cast<char*>(CoTaskMemRealloc(nullptr, 4));
+    ASSERT_NE(block, nullptr);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(block) % alignof(std::max_align_t), 0U);
+    std::memcpy(block, "abc", 4);
+    block = static_cast<char*>(CoTaskMemRealloc(block, 100000));
+    ASSERT_NE(block, nullptr);
+    EXPECT_STREQ(block, "abc");
+    EXPECT_EQ(CoTaskMemRealloc(block, kImpossibleBytes), nullptr);
+    EXPECT_STREQ(block, "abc");                     // still ours
+    EXPECT_EQ(CoTaskMemRealloc(block, 0), nullptr); // frees
+
+    void* const nothing = CoTaskMemAlloc(0);
+    EXPECT_NE(nothing, nullptr);
+    CoTaskMemFree(nothing);
+    CoTaskMemFree(nullptr);
+    EXPECT_EQ(CoTaskMemAlloc(kImpossibleBytes), nullptr);
+}
+
+#ifndef NDEBUG
+TEST(AllocatorsDeathTest, WrongOrSecondFreeEndsTheProgram)
+{
+    const BSTR text = SysAllocString(OLESTR("abc"));
+    void* const block = CoTaskMemAlloc(10);
+    EXPECT_DEATH(CoTaskMemFree(text), "CoTaskMemFree: .* is a BSTR");
+    EXPECT_DEATH(CoTaskMemRealloc(text, 20), "CoTaskMemRealloc: .* is a BSTR");
+    EXPECT_DEATH(SysFreeString(static_cast<BSTR>(block)), "SysFreeString: .* is a block of the task allocator");
+    const auto freeTwice = [&] {
+        SysFreeString(text);
+        SysFreeString(text);
+    };
+    // A sanitizer reports the second one before we do.
+    EXPECT_DEATH(freeTwice(), "SysFreeString: .* freed before|heap-use-after-free");
+    SysFreeString(text);
+    CoTaskMemFree(block);
+}
+#endif
+
+} // namespace
