@@ -1,0 +1,51 @@
+#pragma once
+
+#include "korvaproservices/CFreeList.h"
+#include "korvaproservices/Module.h"
+#include "platform/com/InterfacePtr.h"
+
+#include <pugixml.hpp>
+
+class CElement;
+class CElementList;
+
+// A loaded export and the pool of the elements and lists that look at it.
+//
+// Lives as long as the component or any element or list refers to it. It is
+// used by one thread at a time, as all interfaces of one component are, so its
+// own count and the pools need no lock.
+class CDocument
+{
+public:
+    // Reads and parses the file into `loaded`, which stays empty on failure; the
+    // results are those of ImportFile. May raise std::bad_alloc.
+    static HRESULT Load(LPCWSTR path, CInterfacePtr<CDocument>& loaded);
+
+    CDocument(const CDocument&) = delete;
+    CDocument& operator=(const CDocument&) = delete;
+
+    void AddRef() noexcept { ++references; }
+    void Release() noexcept;
+
+    // The node above the root element.
+    pugi::xml_node Root() const { return xml.root(); }
+
+    // An element for `node` with one reference; null for a null node. Both may raise std::bad_alloc.
+    CElement* MakeElement(pugi::xml_node node);
+    // A list whose selection is still to be set.
+    CInterfacePtr<CElementList> MakeList();
+
+    // Take back what nobody refers to any more. The document may be gone afterwards.
+    void Recycle(CElement* element) noexcept;
+    void Recycle(CElementList* list) noexcept;
+
+private:
+    CDocument();
+    ~CDocument();
+
+    CModuleReference moduleReference;
+    std::size_t references = 1; // the loader's, and one for each element and list in use
+    pugi::xml_document xml;
+    CFreeList<CElement> idleElements;
+    CFreeList<CElementList> idleLists;
+};

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "korvaproservices/CReferenceCount.h"
+#include "korvaproservices/CSelection.h"
+#include "korvaproservices/KorvaProServices.h"
+
+#include <vector>
+
+class CDocument;
+template <class Object>
+class CFreeList;
+
+// A caller's list of elements; made, kept and reused by its document.
+//
+// Next looks for one element at a time, so that asking for the first one does
+// not cost the whole selection; Item and Count collect it once.
+class CElementList final : public WalkList
+{
+public:
+    explicit CElementList(CDocument& owner) : document(owner) {}
+
+    // Begins a new life with one reference; the caller sets the selection before it hands the list out.
+    void Begin() noexcept;
+    CSelection& Selection() noexcept { return selection; }
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
+    ULONG STDMETHODCALLTYPE AddRef() override;
+    ULONG STDMETHODCALLTYPE Release() override;
+
+    HRESULT STDMETHODCALLTYPE Next(WalkElement** element) override;
+    HRESULT STDMETHODCALLTYPE Item(LONG index, WalkElement** element) override;
+    HRESULT STDMETHODCALLTYPE Count(LONG* count) override;
+
+private:
+    friend class CFreeList<CElementList>;
+
+    const std::vector<pugi::xml_node>& Collected();
+
+    CReferenceCount references;
+    CDocument& document;
+    CSelection selection;
+    bool started = false;
+    pugi::xml_node position; // of the last Next; null past the end
+    bool isCollected = false;
+    std::vector<pugi::xml_node> collected;
+    CElementList* nextIdle = nullptr;
+};

@@ -1,0 +1,94 @@
+#include "korvaproservices/CKorvaProServices.h"
+
+#include "korvaproservices/CDocument.h"
+#include "korvaproservices/CElement.h"
+#include "korvaproservices/CElementList.h"
+#include "korvaproservices/Guarded.h"
+#include "korvaproservices/Text.h"
+
+namespace {
+
+// What an operation answers that needs a document while none is loaded.
+template <class Interface>
+HRESULT RefuseUnloaded(Interface** out)
+{
+    if (!out)
+        return E_POINTER;
+    *out = nullptr;
+    return E_UNEXPECTED;
+}
+
+} // namespace
+
+CKorvaProServices::CKorvaProServices() = default;
+CKorvaProServices::~CKorvaProServices() = default;
+
+HRESULT CKorvaProServices::QueryInterface(REFIID iid, void** object)
+{
+    if (!object)
+        return E_POINTER;
+    *object = nullptr;
+    // Both interfaces derive from IUnknown; the first one is the object's identity.
+    if (iid == IID_IUnknown || iid == IID_ImportSource)
+        *object = static_cast<ImportSource*>(this);
+    else if (iid == IID_WalkSource)
+        *object = static_cast<WalkSource*>(this);
+    else
+        return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+}
+
+ULONG CKorvaProServices::AddRef()
+{
+    return references.Increment();
+}
+
+ULONG CKorvaProServices::Release()
+{
+    const ULONG left = references.Decrement();
+    if (left == 0)
+        delete this;
+    return left;
+}
+
+HRESULT CKorvaProServices::InitImportWithoutDlg(BSTR path)
+{
+    exportPath.clear();
+    if (SysStringLen(path) == 0)
+        return E_INVALIDARG;
+    return Guarded([&] {
+        exportPath.assign(path, SysStringLen(path));
+        return S_OK;
+    });
+}
+
+HRESULT CKorvaProServices::ImportFile()
+{
+    document.Release(); // first, so that the memory of two documents is not needed
+    if (exportPath.empty())
+        return E_INVALIDARG;
+    return Guarded([&] { return CDocument::Load(exportPath.c_str(), document); });
+}
+
+HRESULT CKorvaProServices::FindElement(BSTR tag, WalkElement** element)
+{
+    if (!document)
+        return RefuseUnloaded(element);
+    return Deliver(element, [&] {
+        CSelection selection;
+        selection.SetDescendants(document->Root(), tag);
+        return document->MakeElement(selection.After(selection.Start()));
+    });
+}
+
+HRESULT CKorvaProServices::GetElementList(BSTR tag, WalkList** list)
+{
+    if (!document)
+        return RefuseUnloaded(list);
+    return Deliver(list, [&] {
+        CInterfacePtr<CElementList> made = document->MakeList();
+        made->Selection().SetDescendants(document->Root(), tag);
+        return made.Detach();
+    });
+}

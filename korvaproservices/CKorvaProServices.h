@@ -1,0 +1,37 @@
+#pragma once
+
+#include "korvaproservices/CReferenceCount.h"
+#include "korvaproservices/KorvaProServices.h"
+#include "korvaproservices/Module.h"
+#include "platform/com/InterfacePtr.h"
+
+#include <string>
+
+class CDocument;
+
+// The component: loads an export and hands out its elements.
+//
+// Elements and lists hold the document, not the component, so both a second
+// import and the end of the component leave them valid.
+class CKorvaProServices final : public ImportSource, public WalkSource
+{
+public:
+    CKorvaProServices();
+    ~CKorvaProServices();
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
+    ULONG STDMETHODCALLTYPE AddRef() override;
+    ULONG STDMETHODCALLTYPE Release() override;
+
+    HRESULT STDMETHODCALLTYPE InitImportWithoutDlg(BSTR path) override;
+    HRESULT STDMETHODCALLTYPE ImportFile() override;
+
+    HRESULT STDMETHODCALLTYPE FindElement(BSTR tag, WalkElement** element) override;
+    HRESULT STDMETHODCALLTYPE GetElementList(BSTR tag, WalkList** list) override;
+
+private:
+    CModuleReference moduleReference;
+    CReferenceCount references;
+    std::basic_string<WCHAR> exportPath;
+    CInterfacePtr<CDocument> document; // null while nothing is loaded
+};

@@ -1,0 +1,85 @@
+#include "korvaproservices/Module.h"
+
+#include "korvaproservices/CKorvaProServices.h"
+#include "korvaproservices/Guarded.h"
+#include "platform/com/InterfacePtr.h"
+
+#include <atomic>
+
+namespace {
+
+std::atomic<LONG> objectCount{0};
+std::atomic<LONG> lockCount{0};
+
+// The class object. There is one, and it is never destroyed: its references
+// only keep the library loaded.
+class CClassFactory final : public IClassFactory
+{
+public:
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
+    {
+        if (!object)
+            return E_POINTER;
+        *object = nullptr;
+        if (iid != IID_IUnknown && iid != IID_IClassFactory)
+            return E_NOINTERFACE;
+        AddRef();
+        *object = static_cast<IClassFactory*>(this);
+        return S_OK;
+    }
+
+    ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++lockCount); }
+    ULONG STDMETHODCALLTYPE Release() override { return static_cast<ULONG>(--lockCount); }
+
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override
+    {
+        if (!object)
+            return E_POINTER;
+        *object = nullptr;
+        if (outer)
+            return CLASS_E_NOAGGREGATION;
+        return Guarded([&] {
+            CInterfacePtr<CKorvaProServices> component;
+            *component.Put() = new CKorvaProServices;
+            return component->QueryInterface(iid, object);
+        });
+    }
+
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override
+    {
+        if (lock)
+            ++lockCount;
+        else
+            --lockCount;
+        return S_OK;
+    }
+};
+
+CClassFactory classFactory;
+
+} // namespace
+
+CModuleReference::CModuleReference() noexcept
+{
+    ++objectCount;
+}
+
+CModuleReference::~CModuleReference()
+{
+    --objectCount;
+}
+
+STDAPI_EXPORT DllGetClassObject(REFCLSID clsid, REFIID iid, void** object)
+{
+    if (!object)
+        return E_POINTER;
+    *object = nullptr;
+    if (clsid != CLSID_KorvaProServices)
+        return CLASS_E_CLASSNOTAVAILABLE;
+    return classFactory.QueryInterface(iid, object);
+}
+
+STDAPI_EXPORT DllCanUnloadNow()
+{
+    return objectCount == 0 && lockCount == 0 ? S_OK : S_FALSE;
+}
