@@ -1,0 +1,121 @@
+#include "symbkds/browse/BrowseElementWriter.h"
+
+#include "platform/com/TaskMemory.h"
+#include "platform/win32/CodePage.h"
+#include "symbkds/model/WideToUtf8.h"
+
+#include <limits>
+#include <memory>
+
+namespace {
+
+constexpr std::uint64_t kSpareElements = 1000;
+
+struct CTaskFree
+{
+    void operator()(WCHAR* text) const { CoTaskMemFree(text); }
+};
+using TaskText = std::unique_ptr<WCHAR, CTaskFree>;
+
+// UTF-16 of a text in the thread's ANSI code page, for the host to free; null when memory is short.
+TaskText MakeTaskText(const CString& text)
+{
+    // No code page makes more units of a text than it has bytes.
+    const int length = text.GetLength();
+    TaskText wide(static_cast<LPWSTR>(CoTaskMemAlloc((static_cast<std::size_t>(length) + 1) * sizeof(WCHAR))));
+    if (!wide)
+        return wide;
+    const int units = length == 0 ? 0 : MultiByteToWideChar(CP_THREAD_ACP, 0, text, length, wide.get(), length);
+    wide.get()[units] = 0;
+    return wide;
+}
+
+} // namespace
+
+CBrowseElementWriter::CBrowseElementWriter(const HostElements& hostElements, LPCSTR listedPath, LPCWSTR listedId)
+    : host(hostElements), browsePath(listedPath), parentId(WideToUtf8(listedId)),
+      resumeAt(host.continuationPoint ? WideToUtf8(*host.continuationPoint) : CString()),
+      targetIndex(*host.elementCount)
+{}
+
+std::uint32_t CBrowseElementWriter::RoomLeft() const
+{
+    return host.maxElements > targetIndex ? host.maxElements - targetIndex : 0;
+}
+
+bool CBrowseElementWriter::EnsureElementCapacity(std::uint32_t candidates)
+{
+    targetIndex = *host.elementCount;
+    const std::uint64_t needed = std::uint64_t{candidates} + targetIndex;
+    const std::uint64_t capacity = *host.elements ? *host.elementCapacity : 0;
+    if (HasLimit() || needed <= capacity)
+        return true;
+    const std::uint64_t larger = needed + kSpareElements;
+    void* grown = nullptr;
+    if (larger <= std::numeric_limits<DWORD>::max() &&
+        larger <= std::numeric_limits<std::size_t>::max() / sizeof(BrowseElement))
+        grown = CoTaskMemRealloc(*host.elements, static_cast<std::size_t>(larger) * sizeof(BrowseElement));
+    if (!grown) {
+        result = E_OUTOFMEMORY;
+        return false;
+    }
+    *host.elements = static_cast<BrowseElement*>(grown);
+    *host.elementCapacity = static_cast<DWORD>(larger);
+    return true;
+}
+
+bool CBrowseElementWriter::AddBrowseElement(const CString& entry, DWORD kind)
+{
+    if (HasLimit() && targetIndex >= host.maxElements)
+        return CutListing(entry);
+    TaskText name = MakeTaskText(entry);
+    TaskText itemId = name ? MakeTaskText(BuildItemId(browsePath, parentId, entry)) : nullptr;
+    if (!itemId) {
+        result = E_OUTOFMEMORY;
+        return true;
+    }
+    BrowseElement& element = (*host.elements)[targetIndex];
+    element = {};
+    element.name = name.release(); // from here on the host frees both texts
+    element.itemId = itemId.release();
+    element.kind = kind;
+    ++targetIndex;
+    ++*host.elementCount;
+    return false;
+}
+
+bool CBrowseElementWriter::CutListing(const CString& entry)
+{
+    TaskText name;
+    if (host.continuationPoint) {
+        name = MakeTaskText(entry);
+        if (!name) {
+            result = E_OUTOFMEMORY;
+            return true;
+        }
+        *host.continuationPoint = name.release(); // the text passed in stays the host's
+    }
+    *host.moreElements = 1;
+    *host.elementCount = host.maxElements;
+    return true;
+}
+
+void CBrowseElementWriter::FillBrowseElements(const CStringArray& entries, const CWordArray& kinds)
+{
+    bool started = resumeAt.IsEmpty();
+    for (int i = 0; i < entries.GetSize(); ++i) {
+        started = started || entries[i] == resumeAt;
+        const DWORD kind = i < kinds.GetSize() ? kinds[i] : BrowseElement::kLeaf;
+        if (started && AddBrowseElement(entries[i], kind))
+            return;
+    }
+}
+
+CString CBrowseElementWriter::BuildItemId(const CString& browsePath, const CString& parentId, const CString& entry)
+{
+    if (browsePath.IsEmpty())
+        return parentId + "!" + entry;
+    const CString component = browsePath.Mid(browsePath.ReverseFind('.') + 1);
+    const bool arrayElement = entry.View().starts_with(component.View()) && entry.GetAt(component.GetLength()) == '[';
+    return arrayElement ? parentId + entry.Mid(component.GetLength()) : parentId + "." + entry;
+}

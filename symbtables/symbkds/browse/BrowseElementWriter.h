@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/mfc/CArray.h"
+#include "platform/mfc/CString.h"
+#include "symb/BrowseElement.h"
+
+#include <cstdint>
+
+// Where a host wants its elements: the variables it passed in, which it owns.
+struct HostElements
+{
+    DWORD maxElements;         // 0: no limit
+    LPWSTR* continuationPoint; // may be null
+    DWORD* moreElements;
+    DWORD* elementCount;
+    BrowseElement** elements;
+    DWORD* elementCapacity;
+};
+
+// Fills a host's array of browse elements.
+//
+// Elements and texts come from the task allocator. An element counts once it is
+// complete; when an allocation fails, everything the host holds is valid.
+class CBrowseElementWriter
+{
+public:
+    // `listedPath` and `listedId` (null or UTF-16), the browse path and the
+    // host's identifier of it, name what is listed.
+    CBrowseElementWriter(const HostElements& hostElements, LPCSTR listedPath, LPCWSTR listedId);
+
+    // Where the host wants the listing to resume; empty: at the first entry.
+    const CString& GetResumeAt() const { return resumeAt; }
+    // Entries after which another one only tells where the next page begins; only with a limit.
+    std::uint32_t RoomLeft() const;
+    bool HasLimit() const { return host.maxElements != 0; }
+
+    // Makes room for `candidates` more elements if there is no limit, and makes
+    // the first free index the target of the elements to come. False: out of memory.
+    bool EnsureElementCapacity(std::uint32_t candidates);
+    // Adds an element. True when the listing must stop: the limit is reached, or memory is short.
+    bool AddBrowseElement(const CString& entry, DWORD kind);
+    // Adds the collected entries from the one to resume at.
+    void FillBrowseElements(const CStringArray& entries, const CWordArray& kinds);
+
+    // S_OK, or E_OUTOFMEMORY once an allocation has failed.
+    HRESULT GetResult() const { return result; }
+
+    // The item identifier of an entry below `browsePath`. Only an element of an
+    // array, whose entry repeats the path's last component, is not joined with a dot.
+    static CString BuildItemId(const CString& browsePath, const CString& parentId, const CString& entry);
+
+private:
+    bool CutListing(const CString& entry);
+
+    HostElements host;
+    CString browsePath;
+    CString parentId;
+    CString resumeAt;
+    std::uint32_t targetIndex = 0;
+    HRESULT result = S_OK;
+};

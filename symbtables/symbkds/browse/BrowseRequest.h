@@ -1,0 +1,65 @@
+// What a listing is asked for and where its entries go.
+#pragma once
+
+#include "platform/com/Variant.h"
+#include "platform/mfc/CArray.h"
+#include "platform/mfc/CString.h"
+
+#include <cstdint>
+#include <string_view>
+
+class CSymbXMLDDTDef;
+class CSymbXMLItemDef;
+class CSymbXml;
+
+// Which symbols a host wants to see, and how.
+struct BrowseOptions
+{
+    CString filter;
+    CString namePattern;
+    VARTYPE varTypeFilter;
+    bool branchesOnly;
+    bool wantLeaves;
+    bool wantBranches;
+    std::string_view fieldCodes; // the host's
+
+    // The filter asks for symbols without an address of their own.
+    bool UnlocatedOnly() const { return filter.Find("%UL") >= 0; }
+    bool AcceptsVarType(VARTYPE varType) const { return varTypeFilter == 0 || varTypeFilter == varType; }
+};
+
+// A host's field codes; none for a count below 1 or without codes.
+inline std::string_view FieldCodes(LONG fieldCount, const char* fieldCodes)
+{
+    return fieldCount > 0 && fieldCodes ? std::string_view(fieldCodes, static_cast<std::size_t>(fieldCount))
+                                        : std::string_view();
+}
+
+// The value whose children are listed.
+struct BrowseTarget
+{
+    CSymbXMLDDTDef* definition = nullptr;
+    const CSymbXMLItemDef* root = nullptr; // the variable that holds it
+    std::uint16_t block = 0;
+    std::uint32_t offset = 0; // bytes
+    std::uint32_t size = 0;   // bytes
+    CString prefix;           // names an array's elements, an index behind it
+};
+
+// The part of an array listing that one page needs.
+struct BrowseWindow
+{
+    CString resumeAt;         // the entry to begin with; empty: the first
+    std::uint32_t entryLimit; // entries enough for the page and the point at which the next one begins
+};
+
+// One call of BrowseChildren.
+struct BrowseRequest
+{
+    const BrowseOptions& options;
+    const BrowseTarget& target;
+    CSymbXml& symbolTable;
+    CStringArray& names;                  // entry texts, appended
+    CWordArray& kinds;                    // BrowseElement::kLeaf or kBranch, one for each name
+    const BrowseWindow* window = nullptr; // arrays alone read it; null: list everything
+};

@@ -1,0 +1,104 @@
+// Listings as records with item identifiers.
+#include "platform/mfc/CSingleLock.h"
+#include "symbkds/browse/BrowseElementWriter.h"
+#include "symbkds/browse/BrowseRequest.h"
+#include "symbkds/browse/EntryText.h"
+#include "symbkds/frame/CSymbXml.h"
+#include "symbkds/frame/Guard.h"
+#include "symbkds/model/CSymbXMLDDTDef.h"
+
+namespace {
+
+// Whether the host's variables can take what a listing may store.
+bool IsUsable(const HostElements& host)
+{
+    if (!host.moreElements || !host.elementCount || !host.elements || !host.elementCapacity)
+        return false;
+    return *host.elements || (host.maxElements == 0 && *host.elementCount == 0);
+}
+
+} // namespace
+
+HRESULT CSymbXml::BrowseSymbolsWithProperties(LPCSTR filter, LPCSTR namePattern, VARTYPE varTypeFilter,
+                                              LPCSTR browsePath, DWORD, DWORD, BOOL branchesOnly, BOOL wantLeaves,
+                                              BOOL wantBranches, LONG fieldCount, const char* fieldCodes,
+                                              LPCWSTR parentId, LPWSTR* continuationPoint, DWORD maxElements, DWORD,
+                                              DWORD, DWORD, DWORD, DWORD* moreElements, DWORD* elementCount,
+                                              BrowseElement** elements, DWORD* elementCapacity, CStringArray*)
+{
+    const CSingleLock guard(&lock, TRUE);
+    return WithMemoryException([&]() -> HRESULT {
+        const BrowseOptions options{filter,
+                                    namePattern,
+                                    varTypeFilter,
+                                    branchesOnly != 0,
+                                    wantLeaves != 0,
+                                    wantBranches != 0,
+                                    FieldCodes(fieldCount, fieldCodes)};
+        CheckForNewFile();
+        const HostElements host{maxElements, continuationPoint, moreElements, elementCount, elements, elementCapacity};
+        if (!IsUsable(host) || (fieldCount > 0 && !fieldCodes))
+            return E_INVALIDARG;
+        CBrowseElementWriter writer(host, browsePath, parentId);
+        if (browsePath && *browsePath != '\0')
+            return ListChildrenWithProperties(options, browsePath, writer);
+        ListVariablesWithProperties(options, writer);
+        return writer.GetResult();
+    });
+}
+
+HRESULT CSymbXml::ListChildrenWithProperties(const BrowseOptions& options, LPCSTR browsePath,
+                                             CBrowseElementWriter& writer)
+{
+    BrowseTarget target;
+    if (const HRESULT result = FindBrowseTarget(browsePath, target); result != S_OK)
+        return result;
+    if (options.UnlocatedOnly() && target.root->topologicalAddress.Find('%') >= 0)
+        return S_OK;
+    CStringArray names;
+    CWordArray kinds;
+    // One entry more than fit tells where the next page begins.
+    const BrowseWindow window{writer.GetResumeAt(), writer.RoomLeft() + 1};
+    const HRESULT result = target.definition->BrowseChildren(
+        {options, target, *this, names, kinds, writer.HasLimit() ? &window : nullptr});
+    if (writer.EnsureElementCapacity(static_cast<std::uint32_t>(names.GetSize())))
+        writer.FillBrowseElements(names, kinds);
+    return FAILED(writer.GetResult()) ? writer.GetResult() : result;
+}
+
+void CSymbXml::ListVariablesWithProperties(const BrowseOptions& options, CBrowseElementWriter& writer)
+{
+    if (!writer.EnsureElementCapacity(static_cast<std::uint32_t>(variables.GetCount())))
+        return;
+    for (const auto* pair = FirstToList(options, writer.GetResumeAt()); pair; pair = variables.PGetNextAssoc(pair)) {
+        const CSymbXMLItemDef& variable = *pair->value;
+        if (!PassesRootFilters(variable, options))
+            continue;
+        const bool elementary = variable.IsElementaryScalar();
+        const bool branch = !elementary && types.IsDerivedType(variable.typeName);
+        const bool wanted = options.branchesOnly
+                                ? branch
+                                : (options.wantBranches && options.wantLeaves) || (options.wantBranches && branch) ||
+                                      (options.wantLeaves && elementary);
+        if (wanted && writer.AddBrowseElement(variable.name, branch ? BrowseElement::kBranch : BrowseElement::kLeaf))
+            return;
+    }
+}
+
+const CSymbXml::Variables::CPair* CSymbXml::FirstToList(const BrowseOptions& options, const CString& resumeAt) const
+{
+    if (resumeAt.IsEmpty())
+        return variables.PGetFirstAssoc();
+    CString key = resumeAt;
+    key.MakeUpper();
+    const auto* pair = variables.PLookup(key);
+    const bool listed = pair && pair->value->name == resumeAt && PassesRootFilters(*pair->value, options);
+    return listed ? pair : nullptr;
+}
+
+bool CSymbXml::PassesRootFilters(const CSymbXMLItemDef& variable, const BrowseOptions& options)
+{
+    return options.AcceptsVarType(variable.varType) &&
+           !(options.UnlocatedOnly() && !variable.topologicalAddress.IsEmpty()) &&
+           MatchNamePattern(variable.name, options.namePattern);
+}

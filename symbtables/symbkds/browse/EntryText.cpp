@@ -1,0 +1,29 @@
+#include "symbkds/browse/EntryText.h"
+
+CString MakeEntryText(const CString& name, std::string_view fieldCodes, const CString& comment, const CString& address)
+{
+    CString entry = name;
+    for (const char code : fieldCodes) {
+        entry += '|';
+        if (code == 'A')
+            entry += address;
+        else if (code == 'C')
+            entry += comment;
+    }
+    return entry;
+}
+
+CString MakeUnlocatedField(const CString& typeName, std::uint32_t block, std::uint32_t offset,
+                           const CString& addressText)
+{
+    CString text;
+    text.Format("U-%s (B:%u - O:%u) %s", static_cast<LPCSTR>(typeName), block, offset,
+                static_cast<LPCSTR>(addressText));
+    return text;
+}
+
+bool MatchNamePattern(const CString& name, const CString& pattern)
+{
+    const std::string_view text = pattern.View();
+    return name.View().starts_with(text.substr(0, text.find('*')));
+}

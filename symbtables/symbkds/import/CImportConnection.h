@@ -1,0 +1,15 @@
+#pragma once
+
+#include "korvaproservices/KorvaProServices.h"
+#include "platform/com/InterfacePtr.h"
+
+// The component and what Init takes from it. Nothing of it outlives Init.
+//
+// Members are released in the reverse order of their declaration.
+struct CImportConnection
+{
+    CInterfacePtr<IUnknown> component;
+    CInterfacePtr<ImportSource> importSource;
+    CInterfacePtr<WalkSource> walkSource;
+    CInterfacePtr<WalkElement> dataBlock; // null when the export has none
+};

@@ -1,0 +1,103 @@
+// Registers the structure and array types of an export.
+#include "platform/mfc/CSingleLock.h"
+#include "symbkds/frame/CSymbXml.h"
+#include "symbkds/frame/Guard.h"
+#include "symbkds/import/MemberReader.h"
+#include "symbkds/model/CSymbXMLDDTArrayDef.h"
+#include "symbkds/model/CSymbXMLDDTStructDef.h"
+#include "symbkds/model/WideToUtf8.h"
+
+namespace {
+
+// Registered although it has no members.
+constexpr LPCSTR kEmptyStructure = "SFCCHART_STATE";
+
+class CDDTReader
+{
+public:
+    explicit CDDTReader(MAPOFDDTDEF& dictionary) : types(dictionary) {}
+
+    // Registers the type that a DDTSource element describes, if it describes one.
+    void Read(WalkElement& source)
+    {
+        const CString name = ReadAttribute(source, typeNameKey);
+        CInterfacePtr<WalkElement> array;
+        FirstChild(source, arrayTag, array);
+        if (array)
+            ReadArray(*array.Get(), name);
+        else
+            ReadStructure(source, name);
+    }
+
+private:
+    // The first child called `tag`; returns the last call's result.
+    static HRESULT FirstChild(WalkElement& element, const CBstr& tag, CInterfacePtr<WalkElement>& child)
+    {
+        CInterfacePtr<WalkList> list;
+        const HRESULT result = element.GetChildrenByName(tag.Get(), list.Put());
+        return result == S_OK && list ? list->Next(child.Put()) : result;
+    }
+
+    void ReadArray(WalkElement& element, const CString& name)
+    {
+        CBstr text;
+        element.GetText(text.Put()); // a failure leaves a declaration without dimensions
+        const ArrayDeclaration declaration(WideToUtf8(text.Get()));
+        if (declaration.dimensionCount == 0 || declaration.tooManyDimensions)
+            return;
+        auto array = std::make_unique<CSymbXMLDDTArrayDef>(name, declaration);
+        if (array->dimensionCount == 1)
+            types.AddTypeDef(name, std::move(array));
+        else
+            types.AddArrayChain(*array, &name);
+    }
+
+    void ReadStructure(WalkElement& source, const CString& name)
+    {
+        auto structure = std::make_unique<CSymbXMLDDTStructDef>();
+        structure->name = name;
+        CInterfacePtr<WalkElement> element;
+        CInterfacePtr<WalkList> list;
+        if (FirstChild(source, structureTag, element) == S_OK && element && element->GetChildren(list.Put()) == S_OK &&
+            list)
+            ReadMembers(*list.Get(), structure->members);
+        if (structure->members.GetCount() > 0 || name == kEmptyStructure)
+            types.AddTypeDef(name, std::move(structure));
+    }
+
+    void ReadMembers(WalkList& list, CMemberList& members)
+    {
+        CInterfacePtr<WalkElement> element;
+        while (SUCCEEDED(list.Next(element.Put())) && element)
+            members.Add(ReadMember(*element.Get(), keys, types).member);
+    }
+
+    const ImportKeys keys;
+    const CBstr typeNameKey{OLESTR("DDTName")};
+    const CBstr arrayTag{OLESTR("array")};
+    const CBstr structureTag{OLESTR("structure")};
+    MAPOFDDTDEF& types;
+};
+
+} // namespace
+
+void CSymbXml::BrowseAllDDTInCMap(WalkSource* source)
+{
+    const CSingleLock guard(&lock, TRUE);
+    const auto import = [&] {
+        CDDTReader reader(types);
+        CInterfacePtr<WalkList> list;
+        if (source->GetElementList(CBstr(OLESTR("DDTSource")).Get(), list.Put()) != S_OK || !list)
+            return;
+        LONG count = 0;
+        if (FAILED(list->Count(&count)))
+            count = 0;
+        for (LONG i = 0; i < count; ++i) {
+            CInterfacePtr<WalkElement> element;
+            list->Item(i, element.Put()); // a failure delivers no element
+            if (element)
+                reader.Read(*element.Get());
+        }
+    };
+    RunGuarded(import, [this](LPCSTR text) { ReportException(messages::kDDTImportException, text); });
+}

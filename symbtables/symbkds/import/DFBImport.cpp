@@ -1,0 +1,108 @@
+// Registers the function block types of an export.
+#include "platform/mfc/CSingleLock.h"
+#include "symbkds/frame/CSymbXml.h"
+#include "symbkds/frame/Guard.h"
+#include "symbkds/import/MemberReader.h"
+#include "symbkds/model/CSymbXMLDFBDef.h"
+#include "symbkds/model/WideToUtf8.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace {
+
+// The sections of a function block that hold parameters or variables, upper-cased.
+constexpr std::string_view kSectionTags[] = {"INPUTPARAMETERS", "INOUTPARAMETERS", "OUTPUTPARAMETERS",
+                                             "PRIVATELOCALVARIABLES", "PUBLICLOCALVARIABLES"};
+
+class CDFBReader
+{
+public:
+    explicit CDFBReader(MAPOFDDTDEF& dictionary) : types(dictionary) {}
+
+    // Registers the type that an FBSource element describes with what could be
+    // read. `report` is told the result of a section that failed; sections behind it are not read.
+    template <class Report>
+    void Read(WalkElement& source, Report&& report)
+    {
+        auto block = std::make_unique<CSymbXMLDFBDef>();
+        block->name = ReadAttribute(source, typeNameKey);
+        CInterfacePtr<WalkList> list;
+        CInterfacePtr<WalkElement> child;
+        HRESULT result = source.GetChildren(list.Put());
+        if (list)
+            result = list->Next(child.Put());
+        while (SUCCEEDED(result) && child) {
+            result = IsSection(*child.Get()) ? ImportDFBSection(*block, child.Get()) : S_OK;
+            if (FAILED(result))
+                report(result);
+            list->Next(child.Put()); // no element ends the walk; the result stays the section's
+        }
+        const CString name = block->name;
+        types.AddTypeDef(name, std::move(block));
+    }
+
+private:
+    static bool IsSection(WalkElement& element)
+    {
+        CBstr wideTag;
+        element.GetTagName(wideTag.Put()); // a failure leaves no tag, which is no section
+        CString tag = WideToUtf8(wideTag.Get());
+        tag.MakeUpper();
+        return std::ranges::find(kSectionTags, tag.View()) != std::end(kSectionTags);
+    }
+
+    // Appends the parameters of a section. Returns the last result of the last parameter's hidden flag.
+    HRESULT ImportDFBSection(CSymbXMLDFBDef& block, WalkElement* section)
+    {
+        if (!section)
+            return E_FAIL;
+        HRESULT result = S_OK;
+        CInterfacePtr<WalkList> list;
+        section->GetChildren(list.Put()); // no list: a section without parameters
+        CInterfacePtr<WalkElement> parameter;
+        if (list)
+            list->Next(parameter.Put());
+        bool stopped = false;
+        while (parameter && !stopped) {
+            MemberRead read = ReadMember(*parameter.Get(), keys, types);
+            stopped = !read.allSelected;
+            result = read.hiddenResult;
+            block.members.Add(std::move(read.member));
+            list->Next(parameter.Put());
+        }
+        return result;
+    }
+
+    const ImportKeys keys;
+    const CBstr typeNameKey{OLESTR("nameOfFBType")};
+    MAPOFDDTDEF& types;
+};
+
+} // namespace
+
+void CSymbXml::BrowseAllDFBInCMap(WalkSource* source)
+{
+    const CSingleLock guard(&lock, TRUE);
+    const auto import = [&] {
+        CDFBReader reader(types);
+        CInterfacePtr<WalkList> list;
+        LONG count = 0;
+        source->GetElementList(CBstr(OLESTR("FBSource")).Get(), list.Put()); // no list: no types
+        if (list && FAILED(list->Count(&count)))
+            count = 0;
+        for (LONG i = 0; i < count; ++i) {
+            CInterfacePtr<WalkElement> element;
+            list->Item(i, element.Put()); // a failure delivers no element
+            if (element)
+                reader.Read(*element.Get(), [this](HRESULT result) {
+                    SendTrace(messages::kDFBParameterFailed, {sourcePath, HexText(result)});
+                });
+        }
+    };
+    // The caller learns of a failure too and leaves out what follows.
+    RunGuarded(import, [this](LPCSTR text) {
+        ReportException(messages::kDFBImportException, text);
+        throw;
+    });
+}

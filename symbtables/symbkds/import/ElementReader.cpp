@@ -1,0 +1,58 @@
+#include "symbkds/import/ElementReader.h"
+
+#include "symbkds/model/TextNumber.h"
+#include "symbkds/model/WideToUtf8.h"
+
+std::uint16_t AccessRightsFrom(std::int32_t requested)
+{
+    constexpr std::uint16_t kRead = 1;
+    constexpr std::uint16_t kWrite = 2;
+    switch (requested) {
+    case 1:
+        return kRead;
+    case 2:
+        return kReadWrite;
+    case 3:
+        return kWrite;
+    default:
+        return 0;
+    }
+}
+
+CString ReadAttribute(WalkElement& element, const CBstr& attribute)
+{
+    CBstr text;
+    element.GetAttribute(attribute.Get(), text.Put()); // a failure leaves the text empty
+    return WideToUtf8(text.Get());
+}
+
+CString ReadChildText(WalkElement& element, const CBstr& tag)
+{
+    CBstr text;
+    element.GetChildText(tag.Get(), text.Put()); // a failure leaves the text empty
+    return WideToUtf8(text.Get());
+}
+
+std::int32_t PropertyRead::Number(std::int32_t missing) const
+{
+    return hasElement ? ParseNumber(value.Get()) : missing;
+}
+
+PropertyRead ReadProperty(WalkElement& element, const ImportKeys& keys, const CBstr& key, ReadValue readValue)
+{
+    PropertyRead read;
+    CInterfacePtr<WalkList> list;
+    read.result = element.SelectChildren(keys.attribute.Get(), keys.name.Get(), key.Get(), list.Put());
+    read.hasList = read.result == S_OK && list;
+    if (!read.hasList)
+        return read;
+    CInterfacePtr<WalkElement> property;
+    read.result = list->Next(property.Put());
+    const bool nextOk = read.result == S_OK;
+    read.hasElement = static_cast<bool>(property) && (nextOk || readValue == ReadValue::Always);
+    if (!read.hasElement)
+        return read;
+    read.result = property->GetAttribute(keys.value.Get(), read.value.Put());
+    read.allOk = nextOk && read.result == S_OK;
+    return read;
+}

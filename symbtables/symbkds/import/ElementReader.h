@@ -1,0 +1,59 @@
+// Reading values from the elements of an export.
+#pragma once
+
+#include "korvaproservices/KorvaProServices.h"
+#include "platform/com/BstrHolder.h"
+#include "platform/com/InterfacePtr.h"
+#include "platform/mfc/CString.h"
+
+#include <cstdint>
+
+// The names by which an import asks for values, made once for all its elements.
+struct ImportKeys
+{
+    const CBstr name{OLESTR("name")};
+    const CBstr typeName{OLESTR("typeName")};
+    const CBstr topologicalAddress{OLESTR("topologicalAddress")};
+    const CBstr comment{OLESTR("comment")};
+    const CBstr attribute{OLESTR("attribute")};
+    const CBstr value{OLESTR("value")};
+    const CBstr areaBlock{OLESTR("AreaBlock")};
+    const CBstr areaOffset{OLESTR("AreaOffset")};
+    const CBstr size{OLESTR("Size")};
+    const CBstr extractBit{OLESTR("ExtractBit")};
+    const CBstr customerString{OLESTR("CustomerString")};
+    const CBstr requestAccessRight{OLESTR("RequestAccessRight")};
+    const CBstr isVariableHidden{OLESTR("IsVariableHidden")};
+};
+
+constexpr std::uint16_t kReadWrite = 3; // the access rights of what does not say
+
+// The access rights that a RequestAccessRight value stands for.
+std::uint16_t AccessRightsFrom(std::int32_t requested);
+
+// UTF-8 of an attribute and of a child's text; empty when the component does not deliver it.
+CString ReadAttribute(WalkElement& element, const CBstr& attribute);
+CString ReadChildText(WalkElement& element, const CBstr& tag);
+
+// When the value of a found property element is read.
+enum class ReadValue
+{
+    Always,
+    OnlyAfterOk // not when the list delivered the element with another result
+};
+
+// The look-up of the child element <attribute name="KEY" value="..."/>.
+struct PropertyRead
+{
+    bool hasList = false;    // the selection delivered a list
+    bool hasElement = false; // the list delivered an element
+    bool allOk = false;      // every call returned S_OK
+    HRESULT result = S_OK;   // of the last call made
+    CBstr value;             // null when it was not delivered
+
+    // The value as a number, 0 for a text without one; `missing` when there is no such element.
+    std::int32_t Number(std::int32_t missing) const;
+};
+
+PropertyRead ReadProperty(WalkElement& element, const ImportKeys& keys, const CBstr& key,
+                          ReadValue readValue = ReadValue::Always);

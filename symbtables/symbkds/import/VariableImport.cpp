@@ -1,0 +1,115 @@
+// Fills the variable dictionary from the dataBlock element of an export.
+#include "platform/mfc/CSingleLock.h"
+#include "symbkds/frame/CSymbXml.h"
+#include "symbkds/frame/Guard.h"
+#include "symbkds/import/ElementReader.h"
+#include "symbkds/model/CSymbXMLDDTDef.h"
+#include "symbkds/model/ElementaryTypes.h"
+#include "symbkds/model/WideToUtf8.h"
+
+namespace {
+
+constexpr std::int32_t kNoExtractBitNumber = -1; // its low 8 bits say "no bit"
+
+// Creates records from elements of the export.
+class CVariableReader
+{
+public:
+    explicit CVariableReader(MAPOFDDTDEF& dictionary) : types(dictionary) {}
+
+    // The variable that an element describes; null when it has no name or no known type.
+    std::unique_ptr<CSymbXMLItemDef> Read(WalkElement& element)
+    {
+        auto variable = std::make_unique<CSymbXMLItemDef>();
+        CBstr wideName;
+        CBstr wideTypeName;
+        CBstr wideAddress;
+        CBstr wideComment;
+        // Whatever a call does not deliver stays empty.
+        element.GetAttribute(keys.name.Get(), wideName.Put());
+        element.GetAttribute(keys.typeName.Get(), wideTypeName.Put());
+        element.GetAttribute(keys.topologicalAddress.Get(), wideAddress.Put());
+        element.GetChildText(keys.comment.Get(), wideComment.Put());
+        variable->name = WideToUtf8(wideName.Get());
+        if (variable->name.IsEmpty())
+            return nullptr;
+        ReadProperties(element, *variable);
+        if (!SetType(*variable, WideToUtf8(wideTypeName.Get())))
+            return nullptr;
+        variable->comment = WideToUtf8(wideComment.Get());
+        variable->topologicalAddress = static_cast<LPCWSTR>(wideAddress.Get());
+        return variable;
+    }
+
+private:
+    void ReadProperties(WalkElement& element, CSymbXMLItemDef& variable) const
+    {
+        variable.block = static_cast<std::uint16_t>(ReadProperty(element, keys, keys.areaBlock).Number(0));
+        variable.offset = static_cast<std::uint32_t>(ReadProperty(element, keys, keys.areaOffset).Number(0));
+        variable.size = static_cast<std::uint32_t>(ReadProperty(element, keys, keys.size).Number(0));
+        variable.extractBit =
+            static_cast<std::uint8_t>(ReadProperty(element, keys, keys.extractBit).Number(kNoExtractBitNumber));
+        const PropertyRead customer = ReadProperty(element, keys, keys.customerString, ReadValue::OnlyAfterOk);
+        variable.customerString = WideToUtf8(customer.value.Get());
+        // A look-up that fails counts as one without an element, so that one variable does not depend on another.
+        const PropertyRead rights = ReadProperty(element, keys, keys.requestAccessRight, ReadValue::OnlyAfterOk);
+        variable.accessRights = rights.allOk ? AccessRightsFrom(rights.Number(0)) : kReadWrite;
+    }
+
+    bool SetType(CSymbXMLItemDef& variable, CString typeName)
+    {
+        std::uint32_t size = 0;
+        std::uint32_t typeCode = 0;
+        if (ClassifyElementaryType(typeName, size, typeCode)) {
+            variable.SetTypeName(typeName, &types);
+            return true;
+        }
+        CSymbXMLDDTDef* definition = nullptr;
+        if (!types.FindTypeDef(typeName, definition))
+            return false;
+        variable.SetTypeName(definition->name, &types);
+        variable.SetDeclaredTypeText(definition->GetDisplayName());
+        return true;
+    }
+
+    const ImportKeys keys;
+    MAPOFDDTDEF& types;
+};
+
+} // namespace
+
+void CSymbXml::BrowseAllItemInCMap(WalkElement* dataBlock)
+{
+    const CSingleLock guard(&lock, TRUE);
+    const auto import = [&] {
+        if (!dataBlock)
+            AfxThrowOleException(E_POINTER);
+        CVariableReader reader(types);
+        CInterfacePtr<WalkList> list;
+        LONG count = 0;
+        if (dataBlock->GetChildrenByName(CBstr(OLESTR("variables")).Get(), list.Put()) != S_OK || !list ||
+            list->Count(&count) != S_OK)
+            return;
+        for (LONG i = 0; i < count; ++i) {
+            CInterfacePtr<WalkElement> element;
+            list->Item(i, element.Put()); // a failure delivers no element
+            if (!element)
+                continue;
+            if (std::unique_ptr<CSymbXMLItemDef> variable = reader.Read(*element.Get()))
+                AddVariable(std::move(variable));
+        }
+    };
+    RunGuarded(import, [this](LPCSTR text) { ReportException(messages::kVariableImportException, text); });
+}
+
+void CSymbXml::AddVariable(std::unique_ptr<CSymbXMLItemDef> variable)
+{
+    CString key = variable->name;
+    key.MakeUpper();
+    if (auto* present = variables.PLookup(key)) {
+        delete std::exchange(present->value, variable.release());
+        return;
+    }
+    variables.SetAt(key, variable.get());
+    static_cast<void>(variable.release()); // the dictionary's from here on
+}

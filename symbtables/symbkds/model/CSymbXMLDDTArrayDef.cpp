@@ -1,0 +1,96 @@
+#include "symbkds/model/CSymbXMLDDTArrayDef.h"
+
+#include "symbkds/model/ElementaryTypes.h"
+#include "symbkds/model/MAPOFDDTDEF.h"
+#include "symbkds/model/TypeCodes.h"
+
+namespace {
+
+constexpr std::string_view kGeneratedPrefix = "%TEMP_ARRAY";
+
+} // namespace
+
+CSymbXMLDDTArrayDef::CSymbXMLDDTArrayDef() : typeCode(kUnclassifiedCode) {}
+
+CSymbXMLDDTArrayDef::CSymbXMLDDTArrayDef(const CString& declarationText)
+    : CSymbXMLDDTArrayDef(declarationText, ArrayDeclaration(declarationText))
+{}
+
+CSymbXMLDDTArrayDef::CSymbXMLDDTArrayDef(const CString& typeName, const ArrayDeclaration& declaration)
+    : CSymbXMLDDTArrayDef()
+{
+    name = typeName;
+    dimensionCount = declaration.dimensionCount;
+    bounds = declaration.bounds;
+    SetElementTypeName(declaration.elementTypeName);
+}
+
+bool CSymbXMLDDTArrayDef::IsArrayOf(std::uint32_t elementCode, MAPOFDDTDEF* types)
+{
+    CSymbXMLDDTArrayDef* array = this;
+    for (int link = 0; link < kMaxChain; ++link) {
+        std::uint32_t size = 0;
+        std::uint32_t innerCode = 0;
+        if (ClassifyElementaryType(array->elementTypeName, size, innerCode))
+            return innerCode == elementCode;
+        CSymbXMLDDTDef* element = nullptr;
+        if (!types->FindTypeDef(array->elementTypeName, element))
+            return false;
+        if (!element->IsArray())
+            return element->IsArrayOf(elementCode, types);
+        array = static_cast<CSymbXMLDDTArrayDef*>(element);
+    }
+    return false;
+}
+
+void CSymbXMLDDTArrayDef::SetTypeFromElementCode(std::uint32_t elementCode)
+{
+    const ElementaryType* element = FindElementaryTypeByCode(elementCode);
+    if (element && element->arrayCode != 0) {
+        typeCode = element->arrayCode;
+        elementVarType = element->arrayVarType;
+    } else if (!HasArrayFlags(elementCode)) {
+        typeCode = kStructuredCode;
+        elementVarType = static_cast<VARTYPE>(VT_ARRAY | VT_UI1);
+    } else {
+        // An array of arrays: what counts is the innermost element.
+        SetTypeFromElementCode(ElementCodeOf(elementCode));
+    }
+}
+
+void CSymbXMLDDTArrayDef::SetElementTypeName(const CString& newElementTypeName)
+{
+    elementTypeName = newElementTypeName;
+    const ElementaryType* element = FindElementaryType(newElementTypeName.View(), NameCase::Ignored);
+    typeCode = element ? element->definitionCode : kUnclassifiedCode;
+    elementVarType = element ? element->varType : static_cast<VARTYPE>(VT_EMPTY);
+}
+
+bool CSymbXMLDDTArrayDef::IsAnonymous() const
+{
+    return name.View().starts_with(kGeneratedPrefix);
+}
+
+void CSymbXMLDDTArrayDef::SetDisplayText(const CSymbXMLDDTArrayDef& array, int step)
+{
+    const auto boundsOf = [&array](int dimension) { return array.bounds[static_cast<std::size_t>(dimension)]; };
+    const int last = array.dimensionCount - 1;
+    displayText = "ARRAY[";
+    for (int dimension = last - step; dimension < last; ++dimension)
+        displayText.AppendFormat("%i..%i,", boundsOf(dimension).lower, boundsOf(dimension).upper);
+    displayText.AppendFormat("%i..%i] OF ", boundsOf(last).lower, boundsOf(last).upper);
+    displayText += array.elementTypeName;
+}
+
+std::unique_ptr<CSymbXMLDDTArrayDef> CSymbXMLDDTArrayDef::CloneArrayDef() const
+{
+    auto clone = std::make_unique<CSymbXMLDDTArrayDef>();
+    clone->bounds = bounds;
+    clone->reservedNumber = reservedNumber;
+    clone->dimensionCount = dimensionCount;
+    clone->displayText = displayText;
+    clone->name = name;
+    clone->elementTypeName = elementTypeName;
+    clone->elementVarType = elementVarType;
+    return clone;
+}

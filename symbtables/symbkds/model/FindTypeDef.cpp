@@ -1,0 +1,65 @@
+// The type lookup and the arrays it registers: these need both the definitions
+// and the symbol table, which numbers the generated names.
+#include "symbkds/frame/CSymbXml.h"
+#include "symbkds/model/CSymbXMLDDTArrayDef.h"
+#include "symbkds/model/MAPOFDDTDEF.h"
+
+namespace {
+
+constexpr std::string_view kArrayKeyword = "ARRAY";
+
+} // namespace
+
+CString& CSymbXMLDDTArrayDef::MakeTempArrayName(CString& text, CSymbXml& symbolTable)
+{
+    text.Format("%%TEMP_ARRAY%i", static_cast<int>(symbolTable.DrawAnonymousArrayNumber()));
+    return text;
+}
+
+CSymbXMLDDTArrayDef* MAPOFDDTDEF::AddArrayChain(const CSymbXMLDDTArrayDef& array, const CString* outerName)
+{
+    CSymbXMLDDTArrayDef* outermost = nullptr;
+    CString elementName = array.elementTypeName;
+    for (int dimension = array.dimensionCount - 1, step = 0; dimension >= 0; --dimension, ++step) {
+        const ArrayBounds& bounds = array.bounds[static_cast<std::size_t>(dimension)];
+        CString declaration;
+        declaration.Format("ARRAY[%i..%i] OF ", bounds.lower, bounds.upper);
+        auto part = std::make_unique<CSymbXMLDDTArrayDef>(declaration + elementName);
+        part->SetDisplayText(array, step);
+        if (dimension == 0 && outerName)
+            part->name = *outerName;
+        else
+            CSymbXMLDDTArrayDef::MakeTempArrayName(part->name, *owner);
+        outermost = part.get();
+        elementName = part->name;
+        AddTypeDef(elementName, std::move(part));
+    }
+    return outermost;
+}
+
+bool MAPOFDDTDEF::FindTypeDef(const CString& name, CSymbXMLDDTDef*& definition)
+{
+    CString key = name;
+    key.MakeUpper();
+    definition = nullptr;
+    if (definitions.Lookup(key, definition))
+        return true;
+    return key.View().starts_with(kArrayKeyword) && AddDeclaredArray(name, key, definition);
+}
+
+bool MAPOFDDTDEF::AddDeclaredArray(const CString& name, const CString& key, CSymbXMLDDTDef*& definition)
+{
+    const ArrayDeclaration declaration(name);
+    if (declaration.tooManyDimensions)
+        return false;
+    auto array = std::make_unique<CSymbXMLDDTArrayDef>(name, declaration);
+    if (array->dimensionCount < 2) {
+        definition = array.get();
+        AddTypeDef(key, std::move(array));
+        return true;
+    }
+    CSymbXMLDDTArrayDef* outermost = AddArrayChain(*array, nullptr);
+    AddTypeDef(key, outermost->CloneArrayDef());
+    definition = outermost;
+    return true;
+}

@@ -1,0 +1,53 @@
+#include "symbkds/model/MAPOFDDTDEF.h"
+
+#include "symbkds/model/CSymbXMLDDTDef.h"
+
+namespace {
+
+constexpr std::uint32_t kTypeBuckets = 769;
+
+} // namespace
+
+MAPOFDDTDEF::MAPOFDDTDEF(CSymbXml* symbolTable) : owner(symbolTable)
+{
+    definitions.InitHashTable(kTypeBuckets, false);
+}
+
+MAPOFDDTDEF::~MAPOFDDTDEF()
+{
+    RemoveAllTypeDefs();
+}
+
+void MAPOFDDTDEF::AddTypeDef(const CString& name, std::unique_ptr<CSymbXMLDDTDef> definition)
+{
+    CString key = name;
+    key.MakeUpper();
+    if (auto* present = definitions.PLookup(key)) {
+        displaced.emplace_back(nullptr); // may fail, so it comes first
+        displaced.back().reset(present->value);
+        present->value = definition.release();
+        return;
+    }
+    definitions.SetAt(key, definition.get());
+    static_cast<void>(definition.release()); // the map's from here on
+}
+
+bool MAPOFDDTDEF::IsDerivedType(const CString& name)
+{
+    CSymbXMLDDTDef* definition = nullptr;
+    return FindTypeDef(name, definition);
+}
+
+bool MAPOFDDTDEF::IsDFBType(const CString& name)
+{
+    CSymbXMLDDTDef* definition = nullptr;
+    return FindTypeDef(name, definition) && definition->IsDFB();
+}
+
+void MAPOFDDTDEF::RemoveAllTypeDefs()
+{
+    for (const auto* pair = definitions.PGetFirstAssoc(); pair; pair = definitions.PGetNextAssoc(pair))
+        delete pair->value;
+    definitions.RemoveAll();
+    displaced.clear();
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "symb/AddressDescriptor.h"
+#include "symb/PropertyEntry.h"
+
+#include "platform/mfc/CString.h"
+
+#include <cstdlib>
+#include <memory>
+
+// What the lookup found out about a symbol, before it is handed to the host.
+struct ResolvedSymbol
+{
+    AddressDescriptor descriptor{};
+    CString typeName; // as shown to people
+    CString customerString;
+    CString address;
+    CString comment;
+    bool hasAddressProperty = false; // the address is a property too
+};
+
+struct CHeapFree
+{
+    void operator()(AddressDescriptor* record) const { std::free(record); }
+};
+
+// The records a host is given; owned here until they are released to it.
+struct HostRecords
+{
+    std::unique_ptr<AddressDescriptor, CHeapFree> descriptor; // the host frees it with free
+    std::unique_ptr<PropertyEntry[]> properties;              // the host frees it with delete[]
+    DWORD propertyCount = 0;
+};
+
+// Raises CMemoryException or std::bad_alloc.
+HostRecords MakeHostRecords(const ResolvedSymbol& symbol);

@@ -1,0 +1,67 @@
+// An export loaded by the built plug-in, and listings of it as texts.
+#pragma once
+
+#include "support/ExportBuilder.h"
+#include "support/HostView.h"
+#include "support/RecordingSink.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+// No listing sends a message: what the sink holds at the end fails the test.
+struct CLoadedExport
+{
+    explicit CLoadedExport(std::string_view exportText) { EXPECT_EQ(table.Load(WriteExport(folder, exportText)), 0); }
+    CLoadedExport(const CLoadedExport&) = delete;
+    CLoadedExport& operator=(const CLoadedExport&) = delete;
+    ~CLoadedExport() { EXPECT_EQ(table.TakeMessages(), ""); }
+
+    // The names of a property browse, " >" behind each branch.
+    std::string Elements(const HostBrowse& request) const { return Names(table.BrowsePage(request, 0)); }
+
+    static std::string Names(const HostPage& page)
+    {
+        std::string joined = page.result == 0 ? "" : ResultName(page.result);
+        for (const HostElement& element : page.elements)
+            joined += (joined.empty() ? "" : ", ") + element.name + (element.kind == 3 ? " >" : "");
+        return joined + (page.more ? " ..." : "");
+    }
+
+    CTemporaryFolder folder;
+    CRecordingSink sink;
+    CHostTable table{sink};
+};
+
+// A property browse with every variable of the host at hand.
+struct CPropertyCall
+{
+    explicit CPropertyCall(DWORD maxElements = 0) : out(maxElements), limit(maxElements) {}
+
+    HRESULT Run(const CHostTable& table, const HostBrowse& request = {})
+    {
+        return table->BrowseSymbolsWithProperties(request.filter, request.pattern, request.varType, request.path, 0, 0,
+                                                  request.branchesOnly, request.leaves, request.branches,
+                                                  static_cast<LONG>(request.fields.size()), request.fields.data(),
+                                                  reinterpret_cast<LPCWSTR>(request.parentId), point, limit, 0, 0, 0, 0,
+                                                  more, count, elements, capacity, nullptr);
+    }
+    std::string Names() const
+    {
+        std::string joined;
+        for (DWORD i = 0; i < out.count; ++i)
+            joined += (i ? ", " : "") + out.Read(i).name;
+        return joined;
+    }
+
+    CHostElements out;
+    DWORD limit;
+    DWORD moreValue = 7; // no value of the library's
+    LPWSTR pointValue = nullptr;
+    LPWSTR* point = &pointValue;
+    DWORD* more = &moreValue;
+    DWORD* count = &out.count;
+    void** elements = &out.array;
+    DWORD* capacity = &out.capacity;
+};

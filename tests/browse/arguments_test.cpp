@@ -1,0 +1,113 @@
+// What both browse operations refuse, and that they add nothing then.
+#include "browse/BrowseFixture.h"
+
+#include <filesystem>
+#include <functional>
+
+namespace {
+
+const char kPlant[] = "TYPE Motor STRUCT SPEED INT @0 size 2 END\n"
+                      "DFB Pid IN SP INT @0 size 2 END\n"
+                      "VAR W1     WORD  AT %MW10 size 2\n"
+                      "VAR MOTOR1 Motor AT %MW100 size 2\n"
+                      "VAR PID1   Pid   AT %MW200 size 2\n"
+                      "VAR TAB    ARRAY[0..1] OF INT AT %MW300 size 4\n";
+
+TEST(BrowseArguments, OfATextListing)
+{
+    CLoadedExport plant(kPlant);
+    CStringArray names;
+    const auto browse = [&](LPCSTR filter, LPCSTR pattern, LPCSTR path, LONG count, const char* codes,
+                            CStringArray* out) {
+        return ResultName(
+            plant.table->BrowseSymbols(filter, pattern, 0, path, 0, 0, FALSE, TRUE, FALSE, count, codes, out, nullptr));
+    };
+    EXPECT_EQ(browse(nullptr, "*", "", 0, nullptr, &names), "E_INVALIDARG");
+    EXPECT_EQ(browse("", nullptr, "", 0, nullptr, &names), "E_INVALIDARG");
+    EXPECT_EQ(browse("", "*", "", 1, nullptr, &names), "E_INVALIDARG");
+    EXPECT_EQ(browse("", "*", "", 0, nullptr, nullptr), "E_INVALIDARG");
+    EXPECT_EQ(names.GetSize(), 0);
+    EXPECT_EQ(browse("", "*", nullptr, 0, nullptr, &names), "S_OK"); // no path is the root
+    EXPECT_EQ(browse("", "*", "TAB", -1, nullptr, &names), "S_OK");  // no codes are needed for a count below 1
+    EXPECT_EQ(browse("", "*", "NOTHING", 0, nullptr, &names), "E_INVALIDARG");
+    ASSERT_EQ(names.GetSize(), 3); // what was there stays
+    EXPECT_EQ(names[0], "W1");
+    EXPECT_EQ(names[2], "TAB[1]");
+}
+
+TEST(BrowseArguments, OfAPropertyListing)
+{
+    CLoadedExport plant(kPlant);
+    const auto withNull = [&](const std::function<void(CPropertyCall&)>& change, DWORD limit) {
+        CPropertyCall call(limit);
+        change(call);
+        const std::string result = ResultName(call.Run(plant.table));
+        EXPECT_EQ(call.out.count, 0U);
+        EXPECT_EQ(call.moreValue, 7U);
+        EXPECT_EQ(call.pointValue, nullptr);
+        EXPECT_EQ(call.out.capacity, limit);
+        return result;
+    };
+    for (DWORD limit : {0U, 2U}) {
+        EXPECT_EQ(withNull([](CPropertyCall& call) { call.more = nullptr; }, limit), "E_INVALIDARG");
+        EXPECT_EQ(withNull([](CPropertyCall& call) { call.count = nullptr; }, limit), "E_INVALIDARG");
+        EXPECT_EQ(withNull([](CPropertyCall& call) { call.elements = nullptr; }, limit), "E_INVALIDARG");
+        EXPECT_EQ(withNull([](CPropertyCall& call) { call.capacity = nullptr; }, limit), "E_INVALIDARG");
+    }
+    EXPECT_EQ(plant.Elements({.path = "NOTHING"}), "E_INVALIDARG");
+    EXPECT_EQ(plant.Elements({.path = nullptr, .pattern = nullptr, .filter = nullptr}),
+              "W1, MOTOR1 >, PID1 >, TAB >"); // absent texts are empty ones
+
+    CPropertyCall call;
+    EXPECT_EQ(plant.table->BrowseSymbolsWithProperties("", "*", 0, "", 0, 0, FALSE, TRUE, TRUE, 1, nullptr, nullptr,
+                                                       call.point, 0, 0, 0, 0, 0, call.more, call.count, call.elements,
+                                                       call.capacity, nullptr),
+              E_INVALIDARG);
+    EXPECT_EQ(call.out.count, 0U);
+}
+
+TEST(BrowseArguments, PathsThatLeadNowhere)
+{
+    CLoadedExport plant(kPlant);
+    std::string seventeenSteps = "MOTOR1";
+    for (int i = 0; i < 16; ++i)
+        seventeenSteps += ".A";
+    const std::string paths[] = {"NOTHING",
+                                 "W1",   // elementary values have no children
+                                 "W1.5", //
+                                 "MOTOR1.SPEED",
+                                 "PID1.SP",
+                                 "TAB[0]",
+                                 "MOTOR1.GONE", // no such member
+                                 "MOTOR1[0]",   // no array
+                                 "TAB[2]",      // outside the bounds
+                                 "TAB.X.Y",
+                                 "TAB[a]",  // no path at all
+                                 " MOTOR1", // blanks count here
+                                 ".",
+                                 "..MOTOR1",
+                                 "[0]",
+                                 seventeenSteps};
+    for (const std::string& path : paths) {
+        EXPECT_EQ(plant.table.Browse({.path = path.c_str()}), "E_INVALIDARG") << path;
+        EXPECT_EQ(plant.Elements({.path = path.c_str()}), "E_INVALIDARG") << path;
+    }
+    EXPECT_EQ(plant.table.Browse({.path = ".motor1"}), "SPEED");
+}
+
+TEST(BrowseArguments, TheFileIsTestedBeforeThem)
+{
+    CLoadedExport plant(kPlant);
+    std::filesystem::remove(plant.folder.FilePath("plant.kds"));
+    const std::string message = "[1] KorvaPro Reader :IsThereNewKdvFile: Impossible to test file <plant.kds> error <2>";
+    plant.table->BrowseSymbols(nullptr, nullptr, 0, "", 0, 0, FALSE, TRUE, TRUE, 0, nullptr, nullptr, nullptr);
+    EXPECT_EQ(plant.table.TakeMessages(), message);
+    CPropertyCall call;
+    call.more = nullptr;
+    call.Run(plant.table);
+    EXPECT_EQ(plant.table.TakeMessages(), message);
+    EXPECT_EQ(plant.table.Browse({.path = "TAB"}), "TAB[0], TAB[1]"); // what was loaded stays
+    EXPECT_EQ(plant.table.TakeMessages(), message);
+}
+
+} // namespace

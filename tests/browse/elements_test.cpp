@@ -1,0 +1,206 @@
+// The records of a property browse and the host's variables around them.
+#include "browse/BrowseFixture.h"
+#include "platform/com/TaskMemory.h"
+
+#include <utility>
+
+namespace {
+
+const char kPlant[] = "TYPE Motor STRUCT SPEED INT @0 size 2 MOTOR INT @2 size 2 MOTOR_SPEED INT @4 size 2\n"
+                      "  GRID ARRAY[1..2,0..1] OF INT @6 size 8 \"Drehmoment \xC3\xA4\" INT @14 size 2 END\n"
+                      "VAR VAR1  INT   AT %MW10 block 5 @20 size 2\n"
+                      "VAR TAB   ARRAY[0..3] OF INT AT %MW20 block 5 @40 size 8\n"
+                      "VAR MOTOR Motor AT %MW100 block 5 @200 size 16\n"
+                      "VAR \"F\xC3\xBCllstand\xF0\x9F\x92\xA7\" INT AT %MW11 size 2\n";
+
+struct IdentifierCase
+{
+    HostBrowse request;
+    const char* page;
+};
+
+const IdentifierCase kIdentifiers[] = {
+    {{.parentId = u"PLC1"},
+     "VAR1=PLC1!VAR1, TAB=PLC1!TAB >, MOTOR=PLC1!MOTOR >, F\xC3\xBCllstand\xF0\x9F\x92\xA7=PLC1!F\xC3\xBCllstand"
+     "\xF0\x9F\x92\xA7"},
+    {{.pattern = "VAR", .parentId = u"\u00C4\u4E2D\U0001F4A7"}, "VAR1=\xC3\x84\xE4\xB8\xAD\xF0\x9F\x92\xA7!VAR1"},
+    {{.pattern = "VAR", .parentId = u""}, "VAR1=!VAR1"},
+    {{.pattern = "VAR"}, "VAR1=!VAR1"},
+    {{.path = "TAB", .pattern = "TAB[0", .parentId = u"PLC1!TAB"}, "TAB[0]=PLC1!TAB[0]"},
+    {{.path = "TAB", .pattern = "TAB[0", .fields = "AC", .parentId = u"T"},
+     "TAB[0]|U-INT (B:5 - O:40) |=T[0]|U-INT (B:5 - O:40) |"},
+    {{.path = "tab", .pattern = "tab[0", .parentId = u"PLC1!TAB"}, "tab[0]=PLC1!TAB[0]"},
+    {{.path = ".TAB", .pattern = "TAB[0", .parentId = u"PLC1!TAB"}, "TAB[0]=PLC1!TAB[0]"},
+    // Only an element repeats the end of the path; a member may be called alike.
+    {{.path = "MOTOR", .parentId = u"PLC1!MOTOR"},
+     "SPEED=PLC1!MOTOR.SPEED, MOTOR=PLC1!MOTOR.MOTOR, MOTOR_SPEED=PLC1!MOTOR.MOTOR_SPEED, GRID=PLC1!MOTOR.GRID >, "
+     "Drehmoment \xC3\xA4=PLC1!MOTOR.Drehmoment \xC3\xA4"},
+    {{.path = "MOTOR", .pattern = "SPEED", .fields = "C"}, "SPEED|=.SPEED|"},
+    {{.path = "MOTOR.GRID", .parentId = u"M.GRID"}, "GRID[1]=M.GRID[1] >, GRID[2]=M.GRID[2] >"},
+    {{.path = "MOTOR.GRID[2]", .parentId = u"M.GRID[2]"}, "GRID[2][0]=M.GRID[2][0], GRID[2][1]=M.GRID[2][1]"},
+};
+
+TEST(BrowseElements, CarryItemIdentifiers)
+{
+    CLoadedExport plant(kPlant);
+    for (const IdentifierCase& row : kIdentifiers)
+        EXPECT_EQ(plant.table.BrowsePage(row.request, 0).Text(), row.page);
+}
+
+TEST(BrowseElements, TooLongAParentIsCutBetweenCharacters)
+{
+    CLoadedExport plant(kPlant);
+    std::u16string parent(1022, u'P');
+    parent += u"\u00C4\u00C4";
+    EXPECT_EQ(plant.table.BrowsePage({.pattern = "VAR", .parentId = parent.c_str()}, 0).elements.at(0).itemId,
+              std::string(1022, 'P') + "!VAR1");
+}
+
+TEST(BrowseElements, AreAddedBehindThoseThatAreThere)
+{
+    CLoadedExport plant(kPlant);
+    CPropertyCall call;
+    // Room is made for every candidate, wanted or not, and 1000 more.
+    EXPECT_EQ(call.Run(plant.table, {.pattern = "VAR"}), 0);
+    EXPECT_EQ(call.out.capacity, 4U + 1000);
+    void* first = call.out.array;
+    EXPECT_EQ(call.Run(plant.table, {.path = "TAB"}), 0);
+    EXPECT_EQ(call.Names(), "VAR1, TAB[0], TAB[1], TAB[2], TAB[3]");
+    EXPECT_EQ(call.out.array, first);
+    EXPECT_EQ(call.out.capacity, 1004U);
+    call.out.capacity = 9; // just enough
+    EXPECT_EQ(call.Run(plant.table, {.path = "TAB"}), 0);
+    EXPECT_EQ(call.out.capacity, 9U);
+    EXPECT_EQ(call.Run(plant.table, {.path = "TAB"}), 0); // one too few
+    EXPECT_EQ(call.out.capacity, 13U + 1000);
+    EXPECT_EQ(call.out.count, 13U);
+    EXPECT_EQ(call.out.Read(12).name, "TAB[3]");
+    EXPECT_EQ(call.Run(plant.table, {.path = "TAB", .pattern = "nothing"}), 0);
+    EXPECT_EQ(call.out.count, 13U);
+    EXPECT_EQ(call.moreValue, 7U); // left alone by a listing that was not cut
+    EXPECT_EQ(call.pointValue, nullptr);
+}
+
+TEST(BrowseElements, ALimitCountsThoseThatAreThere)
+{
+    CLoadedExport plant(kPlant);
+    CPropertyCall call(6);
+    void* array = call.out.array;
+    EXPECT_EQ(call.Run(plant.table, {.path = "TAB"}), 0);
+    EXPECT_EQ(call.moreValue, 7U);
+    EXPECT_EQ(call.Run(plant.table), 0); // two of four fit
+    EXPECT_EQ(call.Names(), "TAB[0], TAB[1], TAB[2], TAB[3], VAR1, TAB");
+    EXPECT_EQ(call.moreValue, 1U);
+    EXPECT_EQ(Narrow(call.pointValue), "MOTOR");
+    EXPECT_EQ(call.out.array, array);
+    EXPECT_EQ(call.out.capacity, 6U);
+
+    // A point given back stays the host's; the next one is another text. Here nothing fits.
+    LPWSTR given = call.pointValue;
+    EXPECT_EQ(call.Run(plant.table), 0);
+    EXPECT_EQ(Narrow(call.pointValue), "MOTOR");
+    EXPECT_NE(call.pointValue, given);
+    CoTaskMemFree(given);
+
+    for (DWORD smaller : {1U, 5U}) { // than the elements that are there
+        for (const char* path : {"", "TAB", "MOTOR"}) {
+            CoTaskMemFree(std::exchange(call.pointValue, nullptr));
+            call.moreValue = 7;
+            call.limit = smaller;
+            EXPECT_EQ(call.Run(plant.table, {.path = path}), 0);
+            EXPECT_EQ(call.out.count, smaller) << path;
+            EXPECT_EQ(call.moreValue, 1U) << path;
+            EXPECT_EQ(Narrow(call.pointValue), *path == 0 ? "VAR1" : *path == 'T' ? "TAB[0]" : "SPEED");
+            call.out.count = 6; // all of them are still the host's
+        }
+    }
+    CoTaskMemFree(std::exchange(call.pointValue, nullptr));
+    call.limit = 1;
+    EXPECT_EQ(call.Run(plant.table, {.path = "TAB", .pattern = "nothing"}), 0);
+    EXPECT_EQ(call.out.count, 6U); // nothing to add, nothing to cut
+}
+
+TEST(BrowseElements, ALimitBeyondAllIsNoLimit)
+{
+    CLoadedExport plant(kPlant);
+    for (const char* path : {"", "TAB", "MOTOR"}) {
+        CPropertyCall call(5); // room enough for each
+        call.limit = 0xFFFFFFFF;
+        EXPECT_EQ(call.Run(plant.table, {.path = path}), 0);
+        EXPECT_EQ(call.out.count, *path == 'M' ? 5U : 4U) << path;
+        EXPECT_EQ(call.moreValue, 7U);
+    }
+}
+
+TEST(BrowseElements, NeedNoPlaceForAContinuationPoint)
+{
+    CLoadedExport plant(kPlant);
+    for (const char* path : {"", "TAB", "MOTOR"}) {
+        CPropertyCall call(2);
+        call.point = nullptr;
+        EXPECT_EQ(call.Run(plant.table, {.path = path}), 0);
+        EXPECT_EQ(call.out.count, 2U);
+        EXPECT_EQ(call.moreValue, 1U);
+        CPropertyCall all(5);
+        all.point = nullptr;
+        EXPECT_EQ(all.Run(plant.table, {.path = path}), 0);
+        EXPECT_EQ(all.moreValue, 7U);
+    }
+}
+
+struct ResumeCase
+{
+    HostBrowse request;
+    const char* point;
+    const char* names;
+};
+
+const ResumeCase kResumes[] = {
+    {{}, "TAB", "TAB >, MOTOR >, F\xC3\xBCllstand\xF0\x9F\x92\xA7"},
+    {{}, "F\xC3\xBCllstand\xF0\x9F\x92\xA7", "F\xC3\xBCllstand\xF0\x9F\x92\xA7"},
+    {{}, "tab", ""},
+    {{}, "TA", ""},
+    {{}, "NOTHING", ""},
+    {{.pattern = "M"}, "VAR1", ""},                     // no entry of this listing
+    {{.varType = 2}, "TAB", ""},                        //
+    {{.filter = "%UL"}, "VAR1", ""},                    //
+    {{.branchesOnly = TRUE}, "VAR1", "TAB >, MOTOR >"}, // the kind is looked at from there on
+    {{.path = "TAB"}, "TAB[2]", "TAB[2], TAB[3]"},
+    {{.path = "TAB"}, "TAB[02]", ""},
+    {{.path = "TAB"}, "TAB[ 2]", ""},
+    {{.path = "TAB"}, "TAB[2]x", ""},
+    {{.path = "TAB"}, "TAB[2", ""},
+    {{.path = "TAB"}, "TAB(2]", ""},
+    {{.path = "TAB"}, "TAB", ""},
+    {{.path = "TAB"}, "TAB[4]", ""},
+    {{.path = "TAB"}, "TAB[-1]", ""},
+    {{.path = "TAB"}, "TAB[99999999999]", ""},
+    {{.path = "TAB"}, "tab[2]", ""},
+    {{.path = "TAB", .pattern = "TAB[3"}, "TAB[2]", ""},
+    {{.path = "TAB", .leaves = FALSE}, "TAB[2]", ""},
+    {{.path = "TAB", .fields = "A"}, "TAB[2]", ""}, // the point is the whole entry
+    {{.path = "TAB", .fields = "A"}, "TAB[3]|U-INT (B:5 - O:46) ", "TAB[3]|U-INT (B:5 - O:46) "},
+    {{.path = "MOTOR"}, "GRID", "GRID >, Drehmoment \xC3\xA4"},
+    {{.path = "MOTOR"}, "grid", ""},
+    {{.path = "MOTOR", .branches = FALSE}, "GRID", ""},
+};
+
+TEST(BrowseElements, ResumeOnlyAtAnEntryOfTheListing)
+{
+    CLoadedExport plant(kPlant);
+    for (const ResumeCase& row : kResumes) {
+        for (DWORD limit : {0U, 5U})
+            EXPECT_EQ(CLoadedExport::Names(plant.table.BrowsePage(row.request, limit, row.point)), row.names)
+                << row.request.path << " at " << row.point << ", limit " << limit;
+    }
+    WCHAR empty = 0; // stands for the first entry
+    for (DWORD limit : {0U, 4U}) {
+        CPropertyCall call(limit);
+        call.pointValue = &empty;
+        EXPECT_EQ(call.Run(plant.table, {.path = "TAB"}), 0);
+        EXPECT_EQ(call.out.count, 4U);
+        EXPECT_EQ(call.pointValue, &empty);
+    }
+}
+
+} // namespace

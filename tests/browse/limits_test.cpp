@@ -1,0 +1,133 @@
+// Exports that are damaged or break a listing off.
+#include "browse/BrowseFixture.h"
+
+#include "platform/mfc/Exceptions.h"
+#include "support/FakeComponent.h"
+#include "symbkds/browse/BrowseRequest.h"
+#include "symbkds/frame/CSymbXml.h"
+#include "symbkds/model/CSymbXMLDDTStructDef.h"
+
+#include <functional>
+#include <stdexcept>
+#include <thread>
+
+namespace {
+
+TEST(BrowseLimits, AHugeArrayIsListedToItsLimit)
+{
+    CLoadedExport plant("VAR BIG ARRAY[0..2147483647] OF INT AT %MW0 size 8\n"
+                        "VAR LOW ARRAY[-2147483648..2147483646] OF INT AT %MW0 size 8\n"
+                        "TYPE Point STRUCT X INT END VAR PTS ARRAY[5..1048585] OF Point AT %MW0 size 8\n");
+    // 1,048,576 elements are looked at, whether they match or not.
+    EXPECT_EQ(plant.table.Browse({.path = "BIG", .pattern = "BIG[104857"}),
+              "BIG[104857], BIG[1048570], BIG[1048571], BIG[1048572], BIG[1048573], BIG[1048574], BIG[1048575]");
+    // A page costs what it holds, wherever it begins.
+    const auto page = [&](const char* path, const char* point) {
+        return CLoadedExport::Names(plant.table.BrowsePage({.path = path}, 2, point));
+    };
+    EXPECT_EQ(page("BIG", ""), "BIG[0], BIG[1] ...");
+    EXPECT_EQ(page("BIG", "BIG[1048574]"), "BIG[1048574], BIG[1048575]");
+    EXPECT_EQ(page("BIG", "BIG[1048576]"), "");
+    EXPECT_EQ(page("BIG", "BIG[2147483647]"), "");
+    EXPECT_EQ(page("LOW", ""), "LOW[-2147483648], LOW[-2147483647] ...");
+    EXPECT_EQ(page("LOW", "LOW[-2146435074]"), "LOW[-2146435074], LOW[-2146435073]");
+    EXPECT_EQ(page("LOW", "LOW[2147483646]"), "");
+    EXPECT_EQ(page("PTS", "PTS[1048580]"), "PTS[1048580] >");
+    EXPECT_EQ(page("PTS", "PTS[1048581]"), "");
+}
+
+TEST(BrowseLimits, ArraysWithoutACountHaveNoElements)
+{
+    CLoadedExport plant("VAR BACK ARRAY[3..1] OF INT AT %MW0 size 8\n"
+                        "VAR ALL  ARRAY[-2147483648..2147483647] OF INT AT %MW0 size 8\n"
+                        "TYPE Point STRUCT X INT END VAR PTS ARRAY[1..0] OF Point AT %MW0 size 8\n"
+                        "VAR LAST ARRAY[2147483646..2147483647] OF INT AT %MW0 size 8\n"
+                        "VAR BEYOND ARRAY[99999999998..99999999999] OF INT AT %MW0 size 8\n");
+    for (const char* path : {"BACK", "ALL", "PTS"}) {
+        EXPECT_EQ(plant.table.Browse({.path = path, .fields = "A"}), "") << path;
+        EXPECT_EQ(plant.Elements({.path = path}), "") << path;
+    }
+    EXPECT_EQ(plant.Elements({.path = "PTS[1]"}), "E_INVALIDARG");
+    EXPECT_EQ(plant.Elements({.path = "LAST"}), "LAST[2147483646], LAST[2147483647]");
+    EXPECT_EQ(plant.Elements({.path = "BEYOND"}), "BEYOND[2147483647]"); // bounds saturate
+}
+
+TEST(BrowseLimits, TypesThatHoldThemselves)
+{
+    CLoadedExport plant("TYPE Loop STRUCT ME Loop @1 size 2 N INT @0 size 2 END VAR L Loop AT %MW0 block 5 size 2\n"
+                        "TYPE Ring ARRAY[0..1] OF Ring VAR R Ring AT %MW0 size 8\n"
+                        "TYPE Even ARRAY[0..1] OF Odd TYPE Odd ARRAY[0..1] OF Even VAR E Even AT %MW0 size 8\n");
+    std::string loops = "L", rings = "R";
+    for (int i = 0; i < 15; ++i) {
+        loops += ".ME";
+        rings += "[1]";
+    }
+    EXPECT_EQ(plant.table.Browse({.path = loops.c_str(), .fields = "A"}),
+              "ME|U-LOOP (B:5 - O:16) , N|U-INT (B:5 - O:15) ");
+    EXPECT_EQ(
+        plant.Elements({.path = rings.c_str()}),
+        "R[1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][0] >, R[1][1][1][1][1][1][1][1][1][1][1][1][1][1][1][1] >");
+    EXPECT_EQ(plant.Elements({.path = (loops + ".ME").c_str()}), "E_INVALIDARG"); // too many steps
+    EXPECT_EQ(plant.Elements({.path = "E[0][1]"}), "E[0][1][0] >, E[0][1][1] >");
+    EXPECT_EQ(plant.Elements({}), "L >, R >, E >");
+}
+
+// A definition whose listing breaks off after one entry.
+class CBrokenDef : public CSymbXMLDDTStructDef
+{
+public:
+    explicit CBrokenDef(std::function<void()> thrower) : fail(std::move(thrower)) {}
+
+    HRESULT BrowseChildren(const BrowseRequest& request) override
+    {
+        request.names.Add("A");
+        request.kinds.Add(2);
+        fail();
+        return E_FAIL;
+    }
+
+private:
+    std::function<void()> fail;
+};
+
+TEST(BrowseLimits, AnExceptionEndsATextListingAndPassesAPropertyListing)
+{
+    const std::function<void()> throwers[] = {
+        [] { throw std::runtime_error("broken"); },
+        [] { throw std::bad_alloc(); },
+        [] { AfxThrowMemoryException(); },
+        [] { throw 1; },
+    };
+    for (const std::function<void()>& thrower : throwers) {
+        CFakeComponent component("TYPE Odd STRUCT A INT END VAR V Odd AT %MW1 size 2");
+        CTemporaryFolder folder;
+        CSymbXml symb;
+        ASSERT_EQ(symb.Init(folder.WriteFile("plant.kds", "").c_str(), nullptr, TRUE, nullptr, 0), 0);
+        symb.GetTypes().AddTypeDef("odd", std::make_unique<CBrokenDef>(thrower));
+
+        CStringArray names;
+        EXPECT_EQ(symb.BrowseSymbols("", "*", 0, "V", 0, 0, FALSE, TRUE, TRUE, 0, nullptr, &names, nullptr), S_OK);
+        ASSERT_EQ(names.GetSize(), 1);
+        EXPECT_EQ(names[0], "A");
+
+        DWORD more = 7, count = 0, capacity = 0;
+        BrowseElement* elements = nullptr;
+        std::string caught = "nothing";
+        try {
+            symb.BrowseSymbolsWithProperties("", "*", 0, "V", 0, 0, FALSE, TRUE, TRUE, 0, nullptr, nullptr, nullptr, 0,
+                                             0, 0, 0, 0, &more, &count, &elements, &capacity, nullptr);
+        } catch (const CMemoryException&) {
+            caught = "memory";
+        } catch (const std::runtime_error& error) {
+            caught = error.what();
+        } catch (int) {
+            caught = "number";
+        }
+        const char* expected[] = {"broken", "memory", "memory", "number"};
+        EXPECT_EQ(caught, expected[&thrower - throwers]);
+        EXPECT_EQ(elements, nullptr);
+        std::thread([&symb] { symb.GetSourceName(); }).join(); // the lock is free again
+    }
+}
+
+} // namespace

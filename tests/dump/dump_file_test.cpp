@@ -1,0 +1,250 @@
+// The text file that each load leaves.
+//
+// tests/data/plant.dump is the dump of examples/plant.kds. After a change of the plant: load it with
+//   symbhost dump examples/plant.kds FOLDER
+// read what changed, and put the file in its place as it is; tick counts and file time do not matter.
+#include "support/ExportBuilder.h"
+#include "support/FakeComponent.h"
+#include "support/HostView.h"
+#include "support/RecordingSink.h"
+
+#include "platform/mfc/CStdioFile.h"
+#include "platform/win32/Clock.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <sstream>
+
+namespace {
+
+const char kKinds[] =
+    "TYPE Point STRUCT X Int @0 size 2 'east' Y REAL @2 size 4 access 1\n"
+    "  SECRET BOOL block 3 @6 size 1 hidden 1 access 3 'line one\nline two' END\n"
+    "TYPE Row ARRAY[-1..8] OF Point\n"
+    "TYPE Grid ARRAY[1..2,0..3] OF REAL\n"
+    "DFB Pid IN SP INT @0 size 2 'Sollwert f\xC3\xBCr die H\xC3\xB6he' OUT OP ARRAY[0..1] OF INT @2 size 4\n"
+    "  indirection 2 END\n"
+    "VAR MOTOR1 Point AT %MW100 block 5 @200 size 8 access 2 'F\xC3\xB6rderband'\n"
+    "VAR U1 dint block 7 @300 size 4 access 1\n"
+    "VAR BIT1 BOOL AT %MW3.5 @6 size 2 bit 5 access 3 customer \"not written\"\n"
+    "VAR F\xC3\xBCllstand WORD AT %MW9 block -1 @-2 size 2 access 9 'first\nsecond'\n"
+    "VAR TAB ARRAY[0..9] OF INT AT %MW400 block 5 @800 size 20\n"
+    "VAR CUBE ARRAY[0..1,-2147483648..2] OF WORD @900 size 12\n";
+
+std::string DumpName(std::string path)
+{
+    for (char separator : {':', '\\', kPathSeparator})
+        std::replace(path.begin(), path.end(), separator, '_');
+    return path + ".log";
+}
+
+// The numbers that differ from load to load.
+struct Stamps
+{
+    std::string firstTick, fileTime, lastTick;
+};
+
+// Takes the stamps out of a dump, leaving T and F.
+Stamps TakeStamps(std::string& dump)
+{
+    Stamps stamps;
+    const auto take = [&dump](std::size_t at, char sign) {
+        const std::size_t end = dump.find_first_of(" \r", at);
+        std::string text = dump.substr(at, end - at);
+        dump.replace(at, end - at, 1, sign);
+        return text;
+    };
+    const std::string_view first = "QUICK SAVE KDV V1.0 Unknwow ", last = "QUICK SAVE DICO V1.0 END OF FILE ";
+    if (!dump.starts_with(first) || dump.rfind(last) == std::string::npos)
+        return stamps;
+    stamps.firstTick = take(first.size(), 'T');
+    std::size_t seventhLine = 0;
+    for (int i = 0; i < 6; ++i)
+        seventhLine = dump.find('\n', seventhLine) + 1;
+    stamps.fileTime = take(seventhLine, 'F');
+    stamps.lastTick = take(dump.rfind(last) + last.size(), 'T');
+    return stamps;
+}
+
+std::string WithoutStamps(std::string dump)
+{
+    TakeStamps(dump);
+    return dump;
+}
+
+DWORD FileSeconds(const std::string& path)
+{
+    const auto time = std::chrono::file_clock::to_sys(std::filesystem::last_write_time(path));
+    return static_cast<DWORD>(std::chrono::floor<std::chrono::seconds>(time).time_since_epoch().count());
+}
+
+std::string Hexadecimal(DWORD number)
+{
+    std::ostringstream text;
+    text << std::uppercase << std::hex << number;
+    return text.str();
+}
+
+// One load with a dump folder of its own.
+struct CDumped
+{
+    LONG Load(std::string_view exportText) { return LoadFile(WriteExport(folder, exportText)); }
+    LONG LoadFile(const std::string& path, const std::string& separator = "")
+    {
+        source = path;
+        return table.Load(path, FALSE, dumps.Path() + separator);
+    }
+    std::string Dump() const { return dumps.ReadFile(DumpName(source)); }
+
+    CTemporaryFolder folder;
+    CTemporaryFolder dumps;
+    CRecordingSink sink;
+    CHostTable table{sink};
+    std::string source;
+};
+
+TEST(DumpFile, HoldsEveryKindOfBlock)
+{
+    CDumped loaded;
+    const DWORD before = GetTickCount();
+    ASSERT_EQ(loaded.Load(kKinds), 0);
+    const DWORD after = GetTickCount();
+    std::string dump = loaded.Dump();
+    const Stamps stamps = TakeStamps(dump);
+    EXPECT_EQ(dump, ReadWholeFile(TEST_DATA_DIR "/kinds.dump"));
+
+    EXPECT_EQ(stamps.fileTime, Hexadecimal(FileSeconds(loaded.source)));
+    EXPECT_THAT(stamps.firstTick, testing::MatchesRegex("[0-9a-f]+"));
+    EXPECT_THAT(stamps.lastTick, testing::MatchesRegex("[0-9A-F]+"));
+    const DWORD first = static_cast<DWORD>(std::stoul(stamps.firstTick, nullptr, 16));
+    const DWORD last = static_cast<DWORD>(std::stoul(stamps.lastTick, nullptr, 16));
+    EXPECT_LE(first - before, last - before);
+    EXPECT_LE(last - before, after - before);
+}
+
+TEST(DumpFile, OfAnEmptyExportHasTenLines)
+{
+    CDumped loaded;
+    ASSERT_EQ(loaded.Load(""), 0);
+    EXPECT_EQ(WithoutStamps(loaded.Dump()), "QUICK SAVE KDV V1.0 Unknwow T\r\nUnknwow \r\nUnknwow \r\n"
+                                            "KorvaPro exported located symbol table \r\n 0 0 0 0 0 0 0 0\r\n \r\n"
+                                            "F \r\nListType 0\r\nNbItem 0 \r\n"
+                                            "QUICK SAVE DICO V1.0 END OF FILE T \r\n");
+}
+
+TEST(DumpFile, OfTheExamplePlant)
+{
+    CDumped loaded;
+    ASSERT_EQ(loaded.LoadFile(EXAMPLES_DIR "/plant.kds"), 0);
+    EXPECT_EQ(WithoutStamps(loaded.Dump()), WithoutStamps(ReadWholeFile(TEST_DATA_DIR "/plant.dump")));
+}
+
+TEST(DumpFile, IsNamedAfterThePath)
+{
+    struct NameCase
+    {
+        std::string path;
+        std::string name;
+    };
+    const NameCase names[] = {{"E:\\Plants\\line1.kds", "E__Plants_line1.kds.log"},
+                              {std::string("lines") + kPathSeparator + "line 1.kds", "lines_line 1.kds.log"},
+                              {"no extension", "no extension.log"}};
+    for (const NameCase& row : names) {
+        for (const std::string& separator : {std::string(), std::string(1, kPathSeparator)}) {
+            CFakeComponent component("");
+            CDumped loaded;
+            EXPECT_EQ(loaded.LoadFile(row.path, separator), 0);
+            EXPECT_EQ(loaded.dumps.List(), row.name);
+            std::string dump = loaded.dumps.ReadFile(row.name);
+            EXPECT_EQ(TakeStamps(dump).fileTime, "0"); // there is no such file
+        }
+    }
+}
+
+TEST(DumpFile, TakesThePlaceOfAnOlderOne)
+{
+    CDumped loaded;
+    ASSERT_EQ(loaded.Load("VAR A INT AT %MW1 size 2 VAR B INT AT %MW2 size 2 'a comment that makes the file longer'"),
+              0);
+    const std::string longer = loaded.Dump();
+    CHostTable second;
+    second.Load(WriteExport(loaded.folder, "VAR A INT AT %MW1 size 2"), FALSE, loaded.dumps.Path());
+    EXPECT_LT(loaded.Dump().size(), longer.size());
+    EXPECT_THAT(loaded.Dump(), testing::HasSubstr("\r\nNbItem 1 \r\nXMLItem A\r\n"));
+    ASSERT_EQ(loaded.Load("VAR C INT AT %MW1 size 2"), 0); // the same object: what it holds now
+    EXPECT_THAT(loaded.Dump(), testing::HasSubstr("\r\nNbItem 3 \r\nXMLItem A\r\n"));
+}
+
+TEST(DumpFile, FollowsTheOrderOfFirstAppearance)
+{
+    CDumped loaded;
+    ASSERT_EQ(loaded.Load("TYPE Second ARRAY[0..1] OF INT TYPE First STRUCT A INT END TYPE Third ARRAY[0..2] OF INT\n"
+                          "TYPE SECOND STRUCT B INT END\n" // in the place of the other
+                          "VAR Z INT VAR y INT VAR A INT VAR Y REAL"),
+              0);
+    std::istringstream dump(loaded.Dump());
+    std::string names;
+    for (std::string line; std::getline(dump, line);) {
+        for (std::string_view head : {"DDTStruct ", "DDTArray ", "XMLItem "}) {
+            if (line.starts_with(head) && line.size() > head.size() + 1)
+                names += line.substr(head.size(), line.find_first_of(" \r", head.size()) - head.size()) + " ";
+        }
+    }
+    EXPECT_EQ(names, "SECOND First Third Z Y A ");
+}
+
+TEST(DumpFile, ThatCannotBeCreatedIsNotMissed)
+{
+    const char plant[] = "VAR A INT AT %MW1 size 2";
+    CDumped loaded;
+    const std::string path = WriteExport(loaded.folder, plant), name = DumpName(path);
+    const auto load = [&](LPCSTR directory) {
+        const CComScope com;
+        EXPECT_EQ(loaded.table->Init(path.c_str(), &loaded.sink, TRUE, directory, 0), 0);
+        EXPECT_EQ(loaded.table.TakeMessages(), "");
+        EXPECT_EQ(loaded.table.Browse(), "A"); // loaded all the same
+    };
+    load(nullptr);
+    load("");
+    EXPECT_FALSE(std::filesystem::exists(name));
+    EXPECT_FALSE(std::filesystem::exists(kPathSeparator + name));
+    load(loaded.dumps.FilePath("missing").c_str());
+    EXPECT_EQ(loaded.dumps.List(), "");
+    load(loaded.dumps.WriteFile("file", "no folder").c_str());
+    EXPECT_EQ(loaded.dumps.ReadFile("file"), "no folder");
+
+    CStdioFile holder; // another process reads or writes it
+    ASSERT_TRUE(holder.Create(loaded.dumps.FilePath(name).c_str()));
+    load(loaded.dumps.Path().c_str());
+    holder.Close();
+    EXPECT_EQ(loaded.dumps.ReadFile(name), "");
+    std::filesystem::remove(loaded.dumps.FilePath(name));
+    std::filesystem::create_directory(loaded.dumps.FilePath(name));
+    load(loaded.dumps.Path().c_str());
+    EXPECT_TRUE(std::filesystem::is_directory(loaded.dumps.FilePath(name)));
+}
+
+TEST(DumpFile, OnAFullDiskIsReported)
+{
+    const std::string full = "/dev/full";
+    if (!std::filesystem::exists(full))
+        GTEST_SKIP() << "no device that is always full";
+    for (int variables : {1, 4000}) { // the disk is full when the file is closed, or earlier
+        std::string plant;
+        for (int i = 0; i < variables; ++i)
+            plant += "VAR V" + std::to_string(i) + " INT AT %MW1 size 2\n";
+        CDumped loaded;
+        const std::string path = WriteExport(loaded.folder, plant);
+        std::filesystem::create_symlink(full, loaded.dumps.FilePath(DumpName(path)));
+        EXPECT_EQ(loaded.LoadFile(path), 0);
+        EXPECT_EQ(loaded.table.TakeMessages(), "KorvaPro Reader <plant.kds>:catched exception on Init");
+        EXPECT_EQ(loaded.table.BrowseNames().size(), static_cast<std::size_t>(variables));
+        EXPECT_EQ(loaded.dumps.List(), DumpName(path)); // what was written stays
+    }
+}
+
+} // namespace

@@ -1,0 +1,197 @@
+// How Init ends when the component fails, call by call.
+#include "import/ImportFixture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using testing::EndsWith;
+
+const char kPlant[] = "TYPE Motor STRUCT SPEED INT @0 size 2 END\n"
+                      "DFB Pid IN SP INT @0 size 2 END\n"
+                      "VAR MOTOR1 Motor @100 size 2\n"
+                      "VAR PID1   Pid   @200 size 2\n";
+const char kNothing[] = "KorvaPro Reader <plant.kds>:catched exception on Init";
+
+struct ExitCase
+{
+    const char* call;
+    Fault fault;
+    LONG result;
+    const char* message;
+};
+
+const ExitCase kExits[] = {
+    {"CreateInstance", Fault::Result(E_FAIL), -1,
+     "KorvaPro Reader <plant.kds>:Init: Impossible to create the KorvaProServices"},
+    {"CreateInstance", Fault::Result(S_OK), -1,
+     "KorvaPro Reader <plant.kds>:Init: Impossible to create the KorvaProServices"},
+    {"QueryInterface ImportSource", Fault::Result(E_NOINTERFACE), -1,
+     "KorvaPro Reader <plant.kds>:Init: Impossible to retrieve to ImportSource"},
+    {"QueryInterface ImportSource", Fault::Result(S_FALSE), -1,
+     "KorvaPro Reader <plant.kds>:Init: Impossible to retrieve to ImportSource"},
+    {"InitImportWithoutDlg", Fault::Result(E_FAIL), -1,
+     "KorvaPro Exported Reader:Init: Error calling InitImportWithoutDlg"},
+    {"InitImportWithoutDlg", Fault::Result(S_FALSE), 0, ""},
+    {"ImportFile", Fault::Result(E_FAIL), -1,
+     "KorvaPro Reader <plant.kds> :Init: Impossible to load the exported file .kds 0x80004005"},
+    {"ImportFile", Fault::Result(static_cast<HRESULT>(0x8000FFFFU)), -1,
+     "KorvaPro Reader <plant.kds> :Init: Impossible to load the exported file .kds 0x8000FFFF"},
+    {"ImportFile", Fault::Result(S_FALSE), 0, ""},
+    {"QueryInterface WalkSource", Fault::Result(E_NOINTERFACE), -1,
+     "KorvaPro Reader <plant.kds>:Init: Impossible to retrieve to WalkSource"},
+    {"QueryInterface WalkSource", Fault::Result(S_OK), -1,
+     "KorvaPro Reader <plant.kds>:Init: Impossible to retrieve to WalkSource"},
+    {"FindElement", Fault::Result(E_FAIL), 0, "KorvaPro Reader <plant.kds>:catched exception on BrowseAllItemInCMap"},
+    {"FindElement", Fault::ResultAndValue(E_FAIL), 0, ""},
+};
+
+TEST(Init, EachExitHasItsMessageAndGivesEverythingBack)
+{
+    for (const ExitCase& row : kExits) {
+        for (BOOL verbose : {FALSE, TRUE}) {
+            SCOPED_TRACE(std::string(row.call) + " " + ResultName(row.fault.result) + (verbose ? " verbose" : ""));
+            CImport import(kPlant);
+            import.fake.Fail(row.call, 1, row.fault);
+            EXPECT_EQ(import.Load(verbose), row.result);
+            const bool verboseOnly = std::string_view(row.message).ends_with("WalkSource");
+            EXPECT_EQ(import.table.TakeMessages(), verboseOnly && !verbose ? "" : row.message);
+            EXPECT_EQ(import.fake.LivingObjects(), 0);
+            EXPECT_EQ(import.table->GetHeaderName(), row.result == 0 ? "Unknwow" : "");
+            EXPECT_EQ(import.HasDump(), row.result == 0);
+            if (row.result != 0) {
+                std::string calls = import.fake.TakeCalls();
+                EXPECT_EQ(calls.find(", ", calls.find(row.call)), std::string::npos) << "further calls: " << calls;
+                EXPECT_EQ(import.table.BrowsePage({}, 0).Text(), "");
+            }
+        }
+    }
+}
+
+TEST(Init, SendsNothingWithoutASink)
+{
+    for (const ExitCase& row : kExits) {
+        CFakeComponent fake(kPlant);
+        fake.Fail(row.call, 1, row.fault);
+        CHostTable table;
+        EXPECT_EQ(table.Load("plant.kds"), row.result) << row.call;
+        EXPECT_EQ(fake.LivingObjects(), 0);
+    }
+}
+
+struct ThrownCase
+{
+    Fault fault;
+    const char* tail; // of the message
+};
+
+const ThrownCase kThrown[] = {
+    {Fault::Standard("disk on fire"), " with error message: disk on fire"},
+    {Fault::WithoutText(), " with error message: "},
+    {Fault::Number(), ""},
+};
+
+TEST(Init, GoesOnWithoutAnExportAfterAnExceptionInTheFirstPhase)
+{
+    for (const char* call : {"CreateInstance", "QueryInterface ImportSource", "InitImportWithoutDlg", "ImportFile",
+                             "QueryInterface WalkSource"}) {
+        for (const ThrownCase& thrown : kThrown) {
+            SCOPED_TRACE(call + std::string(thrown.tail));
+            CImport import(kPlant);
+            import.fake.Fail(call, 1, thrown.fault);
+            EXPECT_EQ(import.Load(FALSE), 0);
+            EXPECT_EQ(import.table.TakeMessages(), kNothing + std::string(thrown.tail) + " | " + kNothing);
+            EXPECT_EQ(import.table->GetHeaderName(), "Unknwow");
+            EXPECT_EQ(import.fake.LivingObjects(), 0);
+            EXPECT_FALSE(import.HasDump());
+            EXPECT_EQ(import.fake.TakeCalls().find("FindElement"), std::string::npos);
+            EXPECT_EQ(import.table.BrowsePage({}, 0).Text(), "");
+        }
+    }
+}
+
+// Where an exception breaks off, and what is loaded nevertheless.
+struct BrokenImportCase
+{
+    const char* call;
+    int occurrence;
+    const char* operations; // whose messages come, in their order
+    const char* variables;
+};
+
+const BrokenImportCase kBrokenImports[] = {
+    {"FindElement", 1, "Init", ""},
+    {"GetElementList DDTSource", 1, "BrowseAllDDTInCMap", "PID1=!PID1 >"},
+    {"GetAttribute DDTName", 1, "BrowseAllDDTInCMap", "PID1=!PID1 >"},
+    {"GetElementList FBSource", 1, "BrowseAllDFBInCMap Init", ""},
+    {"GetTagName", 1, "BrowseAllDFBInCMap Init", ""},
+    {"GetChildrenByName variables", 1, "BrowseAllItemInCMap", ""},
+    {"GetAttribute topologicalAddress", 2, "BrowseAllItemInCMap", "MOTOR1=!MOTOR1 >"},
+};
+
+TEST(Init, KeepsWhatWasImportedBeforeAnException)
+{
+    for (const BrokenImportCase& row : kBrokenImports) {
+        for (const ThrownCase& thrown : kThrown) {
+            SCOPED_TRACE(row.call + std::string(thrown.tail));
+            CImport import(kPlant);
+            import.fake.Fail(row.call, row.occurrence, thrown.fault);
+            EXPECT_EQ(import.Load(FALSE), 0);
+            std::string expected;
+            for (std::string_view rest = row.operations; !rest.empty();) {
+                std::string_view operation = rest.substr(0, rest.find(' '));
+                expected += (expected.empty() ? "" : " | ") +
+                            ("KorvaPro Reader <plant.kds>:catched exception on " + std::string(operation)) +
+                            thrown.tail;
+                rest.remove_prefix(std::min(rest.size(), operation.size() + 1));
+            }
+            EXPECT_EQ(import.table.TakeMessages(), expected);
+            EXPECT_EQ(import.table.BrowsePage({}, 0).Text(), row.variables);
+            EXPECT_EQ(import.HasDump(), !std::string_view(row.operations).ends_with("Init"));
+            EXPECT_EQ(import.fake.LivingObjects(), 0);
+        }
+    }
+}
+
+TEST(Init, KeepsTheFunctionBlocksReadBeforeAnException)
+{
+    CImport import("DFB First IN SP INT @0 size 2 DFB Second IN SP INT @0 size 2 VAR ONE First @10 VAR TWO Second @20");
+    import.fake.Fail("GetTagName", 2, Fault::Number());
+    import.Load();
+    CFakeComponent withoutTypes("VAR ONE First @10 VAR TWO Second @20");
+    import.Load();
+    EXPECT_EQ(import.table.BrowsePage({}, 0).Text(), "ONE=!ONE >");
+}
+
+TEST(Init, ASecondLoadAddsToTheFirst)
+{
+    CImport import("VAR A INT AT %MW1 size 2 VAR B INT AT %MW2 size 2");
+    import.Load();
+    CFakeComponent second("VAR b WORD AT %MW7 size 2 VAR C INT AT %MW3 size 2");
+    EXPECT_EQ(import.Load(), 0);
+    EXPECT_EQ(import.table.BrowsePage({}, 0).Text(), "A=!A, b=!b, C=!C");
+    EXPECT_EQ(import.table.Lookup("B"), "WORD +0 size 2 at %MW7");
+}
+
+TEST(Init, GivesTheInterfacesBackFromTheInsideOut)
+{
+    CImport import("VAR A INT");
+    import.Load();
+    EXPECT_THAT(import.fake.TakeReleases(), EndsWith("dataBlock, WalkSource, ImportSource, KorvaProServices"));
+}
+
+TEST(Init, WithoutDataBlockTheTypesAreThere)
+{
+    CImport import("TYPE Motor STRUCT SPEED INT END NODATABLOCK");
+    EXPECT_EQ(import.Load(), 0);
+    EXPECT_EQ(import.table.TakeMessages(), "KorvaPro Reader <plant.kds>:catched exception on BrowseAllItemInCMap");
+    EXPECT_THAT(import.DumpedText(),
+                testing::AllOf(testing::StartsWith("ListType 1/DDTStruct/DDTStruct Motor/"), EndsWith("NbItem 0/")));
+}
+
+} // namespace

@@ -1,0 +1,163 @@
+// Types whose names are declarations, generated, odd or written in another case.
+#include "import/ImportFixture.h"
+#include "resolve/LoadedPlant.h"
+
+#include <sstream>
+
+namespace {
+
+#define UNKNOWN_ROOT "refused: KorvaPro Reader <plant.kds>:SearchAndGetFF: unknown variable "
+
+std::string TenDimensions()
+{
+    std::string text = "ARRAY[0..1";
+    for (int i = 1; i < 10; ++i)
+        text += ",0..1";
+    return text;
+}
+
+const PlantCase kGenerated[] = {
+    // A declared type that takes a generated name, or loses its name to one.
+    {"TYPE %TEMP_ARRAY0 STRUCT X INT @4 size 2 END TYPE T ARRAY[0..1,0..2] OF INT VAR V %TEMP_ARRAY0 size 6 VAR W T "
+     "size 12",
+     {{"V.X", kNoSuchPath}, {"V[2]", "INT +4 size 2"}, {"W[1]", "ARRAY[0..2] OF INT as INT[] +6 size 6"}}},
+    {"TYPE T ARRAY[0..1,0..2] OF INT TYPE %Temp_Array0 STRUCT X INT @4 size 2 END VAR W T size 12",
+     {{"W[1]", "%Temp_Array0 as structured +6 size 6 '%TEMP_ARRAY0'"},
+      {"W[1].X", "INT +10 size 2"},
+      {"W[1][2]", kNoSuchPath}}},
+    {"TYPE %TEMP_ARRAY7 ARRAY[0..1] OF INT VAR V %TEMP_ARRAY7 size 4 VAR W ARRAY[0..1] OF %TEMP_ARRAY7 size 8",
+     {{"V[1]", "INT +2 size 2"}, {"W[1]", " as INT[] +4 size 4"}}}, // without a declaration to show
+    // Arrays that contain themselves: each step goes one level down.
+    {"TYPE %TEMP_ARRAY0 ARRAY[0..1,0..2] OF INT VAR V %TEMP_ARRAY0 size 65536 VAR W ARRAY[0..0] OF %TEMP_ARRAY0 size 8",
+     {{"V[1]", "ARRAY[0..1,0..2] OF INT as structured +32768 size 32768"},
+      {"V[1][1][0][0][0][0][0][0][0][0][0][0][0][0][0]", "ARRAY[0..1,0..2] OF INT as structured +49152 size 2"},
+      {"V[1][1][0][0][0][0][0][0][0][0][0][0][0][0].3", kNoSuchPath},
+      {"V[1][2]", kNoSuchPath}}},
+    {"TYPE R ARRAY[0..1] OF r TYPE P ARRAY[0..1] OF Q TYPE Q ARRAY[0..3] OF P TYPE S STRUCT M P @2 size 64 END\n"
+     "VAR A R size 16 VAR B P @8 size 64 VAR C S",
+     {{"A[1][0][1]", "R as structured +10 size 2 'R'"},
+      {"B[1][3][1]", "Q as structured +68 size 4 'Q'"},
+      {"C.M[0][1]", "P as structured +10 size 8 'P'"}}},
+    // Structures and arrays through one another.
+    {"TYPE S STRUCT A ARRAY[0..1,0..1] OF S @4 size 64 V INT @2 size 2 END VAR R S",
+     {{"R.A[1][1].A[0]", "ARRAY[0..1] OF S as structured +56 size 32"}, {"R.A[1][1].A[0][1].V", "INT +74 size 2"}}},
+    // The name of a declaration may be taken by a type of any kind.
+    {"TYPE \"Array[0..1] of INT\" STRUCT X INT @4 size 2 END VAR V ARRAY[0..1] OF INT size 6",
+     {{"V.X", "INT +4 size 2"}, {"V[1]", kNoSuchPath}}},
+    // Declarations that say little.
+    {"VAR A ARRAYX size 4 VAR B ARRAY size 4 VAR C ARRAY[0..1] size 4",
+     {{"A[0]", kNoSuchPath}, {"B.X", kNoSuchPath}, {"C[1]", kNoSuchPath}}},
+    {"TYPE \"\" STRUCT X INT @2 size 2 END VAR A ARRAYX size 4 VAR C ARRAY[0..1] @10 size 4 VAR E \"\"",
+     {{"A[0]", " as structured +0 size 4 at %MD0"},
+      {"A.Q.X", "INT +2 size 2"},
+      {"C[1].X", "INT +14 size 2"},
+      {"E.X", "INT +2 size 2"}}},
+    {"VAR E \"\"  VAR A \"ARRAY[0 ..1] OF INT\" size 4 VAR B \"ARRAY[0..1 ,0..1] OF INT\" size 4\n"
+     "VAR C \"ARRAY[0..1, 0.. 1] OF INT\" size 8 VAR D \"ARRAY[0..1 Of INT\" size 4 VAR F \"Array[+1..2] oF int\" size "
+     "4",
+     {{"E.X", UNKNOWN_ROOT "E"},
+      {"A[0]", "INT +0 size 4"}, // no dimension was read: one element
+      {"A[1]", kNoSuchPath},
+      {"B[1]", "INT +2 size 2"}, // the list ends at the blank
+      {"C[1][1]", "INT +6 size 2"},
+      {"D[1]", "INT +2 size 2"},
+      {"F[2]", "INT +2 size 2"}}},
+    // The element type stands behind the first " OF ".
+    {"VAR V \"ARRAY[0..1] OF ARRAY[0..2] OF ARRAY[0..3] OF BYTE\" size 24",
+     {{"V[1]", "ARRAY[0..2] OF ARRAY[0..3] OF BYTE as structured +12 size 12 'ARRAY[0..2] OF ARRAY[0..3] OF BYTE'"},
+      {"V[1][2]", "ARRAY[0..3] OF BYTE as structured +20 size 4 'ARRAY[0..3] OF BYTE'"},
+      {"V[1][2][3]", "BYTE +23 size 1"}}},
+};
+
+TEST(TypeName, MayBeADeclarationOrLookLikeAGeneratedOne)
+{
+    for (const PlantCase& row : kGenerated)
+        ExpectLookups(row.exportText, row.lookups);
+}
+
+TEST(TypeName, OfAnArrayHasAtMostTenDimensions)
+{
+    const std::string ten = TenDimensions();
+    const std::string plant = "TYPE T \"" + ten + ",0..1] OF INT\" TYPE S STRUCT M \"" + ten +
+                              ",0..1] OF INT\" @2 size 8 END\n" + "VAR A \"" + ten + "] OF INT\" size 2048 VAR B \"" +
+                              ten + ",0..1] OF INT\" VAR C T VAR D S";
+    const LookupCase rows[] = {
+        {"A[1][0][0][0][0][0][0][0][0][1]", "INT +1026 size 2"},
+        {"A[1][0][0][0][0][0][0][0][0][1].4", "INT as BOOL +1026 size 2 bit 4"},
+        {"A[1][0][0][0][0][0][0][0][1]", "ARRAY[0..1] OF INT as INT[] +1028 size 4"},
+        {"B[0]", UNKNOWN_ROOT "B"},
+        {"C[0]", UNKNOWN_ROOT "C"},
+        {"D.M[0]", kNoSuchPath},
+    };
+    ExpectLookups(plant, rows);
+    CLoadedPlant loaded(plant);
+    EXPECT_EQ(loaded.table.Lookup("D.M"), ten + ",0..1] OF INT as structured +2 size 8");
+}
+
+// Names and element types of the definitions, types of the members and variables, as dumped.
+std::string DumpedTypes(const std::string& exportText)
+{
+    CImport import(exportText);
+    import.Load();
+    std::string shown;
+    const std::vector<std::string> lines = import.DumpedLines();
+    for (std::size_t i = 0; i + 3 < lines.size(); ++i) {
+        if (lines[i].starts_with("DDTArray "))
+            shown += lines[i].substr(9) + " of " + lines[i + 2] + "; ";
+        else if (lines[i].starts_with("DDT/DFB-Member"))
+            shown += lines[i].substr(15) + ":" + lines[i + 2] + "; ";
+        else if (lines[i].starts_with("XMLItem "))
+            shown += lines[i].substr(8) + ":" + lines[i + 3] + "; ";
+    }
+    return shown;
+}
+
+struct DumpCase
+{
+    const char* exportText;
+    const char* types;
+};
+
+const DumpCase kDumped[] = {
+    // Generated names count up over types, members and variables; a declaration asked for again draws none. A
+    // declaration of several dimensions is registered once more under itself, with the name of its outermost part.
+    {"TYPE T ARRAY[0..1,0..2,0..3] OF INT TYPE S STRUCT M ARRAY[0..1,0..2] OF Int N ARRAY[0..4] OF INT END\n"
+     "VAR A array[0..1,0..2] of int VAR B ARRAY[0..1,0..3] OF INT VAR C ARRAY[0..4] OF INT VAR D T",
+     "%TEMP_ARRAY0 of INT; %TEMP_ARRAY1 of %TEMP_ARRAY0; T of %TEMP_ARRAY1; %TEMP_ARRAY2 of INT; "
+     "%TEMP_ARRAY3 of %TEMP_ARRAY2; %TEMP_ARRAY3 of %TEMP_ARRAY2; ARRAY[0..4] OF INT of INT; "
+     "M:ARRAY[0..1,0..2] OF Int; N:ARRAY[0..4] OF INT; "
+     "%TEMP_ARRAY4 of INT; %TEMP_ARRAY5 of %TEMP_ARRAY4; %TEMP_ARRAY5 of %TEMP_ARRAY4; "
+     "A:%TEMP_ARRAY3; B:%TEMP_ARRAY5; C:ARRAY[0..4] OF INT; D:T; "},
+    // The element type's name turns upper-case when the array is first classified, parameters behind the first one
+    // when function blocks are taken out.
+    {"TYPE T ARRAY[0..1] OF Real TYPE U ARRAY[0..1] OF Real TYPE S STRUCT A int B Sub END VAR V U\n"
+     "DFB F IN A Int B Int C Sub END",
+     "T of Real; U of REAL; A:int; B:Sub; A:Int; B:INT; C:SUB; V:U; "},
+};
+
+TEST(TypeName, IsGeneratedInTheOrderOfTheExport)
+{
+    for (const DumpCase& row : kDumped)
+        EXPECT_EQ(DumpedTypes(row.exportText), row.types) << row.exportText;
+}
+
+// A request that looks at a member's type leaves its name in upper case, and a listing of a structure classifies it
+// anew.
+TEST(TypeName, IsAsDeclaredUntilARequestLooksAtIt)
+{
+    const char exportText[] = "TYPE S STRUCT A Sub @2 size 2 L Late @4 size 4 END TYPE Sub STRUCT X int size 2 END\n"
+                              "TYPE Late ARRAY[0..1] OF int VAR V S";
+    const HostBrowse members{.path = "V", .fields = "A"};
+    CLoadedPlant listed(exportText);
+    EXPECT_EQ(listed.table.Browse(members), "A|U-Sub (B:0 - O:2) , L|U-Late (B:0 - O:4) ");
+    EXPECT_EQ(listed.table.Browse(members), "A|U-SUB (B:0 - O:2) , L|U-LATE (B:0 - O:4) ");
+    EXPECT_EQ(listed.table.Lookup("V.L"), "LATE as INT[] +4 size 4");
+
+    CLoadedPlant resolved(exportText);
+    EXPECT_EQ(resolved.table.Lookup("V.L"), "LATE as structured +4 size 4");
+    EXPECT_EQ(resolved.table.Lookup("V.A.X"), "INT +2 size 2");
+    EXPECT_EQ(resolved.table.Browse({.path = "V.A", .fields = "A"}), "X|U-INT (B:0 - O:2) ");
+    EXPECT_EQ(resolved.table.Browse(members), "A|U-SUB (B:0 - O:2) , L|U-LATE (B:0 - O:4) ");
+}
+
+} // namespace

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "korvaproservices/KorvaProServices.h"
+#include "support/ExportBuilder.h"
+#include "support/HostView.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+// What a call of the component does instead of its work.
+struct Fault
+{
+    enum class Kind
+    {
+        kResult,         // `result`, nothing delivered
+        kResultAndValue, // `result`, but the value is delivered
+        kStandard,       // throws std::runtime_error(text)
+        kWithoutText,    // throws a std::exception whose what() is null
+        kNumber          // throws an int
+    };
+
+    Kind kind;
+    HRESULT result = 0;
+    std::string text = {};
+
+    static Fault Result(HRESULT result) { return {Kind::kResult, result}; }
+    static Fault ResultAndValue(HRESULT result) { return {Kind::kResultAndValue, result}; }
+    static Fault Standard(std::string text) { return {Kind::kStandard, 0, std::move(text)}; }
+    static Fault WithoutText() { return {Kind::kWithoutText}; }
+    static Fault Number() { return {Kind::kNumber}; }
+};
+
+// Takes the place of the project-services component while it lives.
+//
+// Whoever creates the component in this process gets one that walks the given
+// tree (raw text in it is passed over), whatever file it is told to load. Every
+// call is recorded with its arguments and can be made to fail. A tear-off
+// object stands behind each interface, so that the order in which a caller
+// gives them back can be seen.
+class CFakeComponent
+{
+public:
+    explicit CFakeComponent(std::string_view exportText) : CFakeComponent(ParseExport(exportText)) {}
+    explicit CFakeComponent(ExportNode tree);
+    CFakeComponent(const CFakeComponent&) = delete;
+    CFakeComponent& operator=(const CFakeComponent&) = delete;
+    ~CFakeComponent();
+
+    // The `occurrence`-th call (from 1; 0: each) whose recorded text begins with `call` fails: "Item",
+    // "GetAttribute value", "QueryInterface WalkSource", "CreateInstance" ...
+    void Fail(std::string call, int occurrence, Fault fault);
+
+    // The calls so far, such as "SelectChildren attribute name AreaBlock", joined by ", ", repetitions and all;
+    // they are forgotten afterwards.
+    std::string TakeCalls();
+    // The objects in the order of their last Release, elements under their tag: "dataBlock", "list", "WalkSource",
+    // "ImportSource", "KorvaProServices".
+    std::string TakeReleases();
+
+    // Objects whose last reference was not given back.
+    int LivingObjects() const;
+
+    // Called on the component's thread with the text of each call, before it is carried out.
+    void Watch(std::function<void(const std::string&)> watcher);
+
+    struct State;
+
+private:
+    CComScope com;
+    std::shared_ptr<State> state;
+    DWORD cookie = 0;
+};

@@ -1,0 +1,16 @@
+# Fails unless the library exports exactly its three functions, under these names.
+execute_process(COMMAND ${NM} -D --defined-only --format=posix ${LIBRARY}
+    OUTPUT_VARIABLE table RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${NM} cannot read ${LIBRARY}")
+endif()
+string(REGEX MATCHALL "[^\n]+" lines "${table}")
+set(names)
+foreach(line IN LISTS lines)
+    string(REGEX REPLACE " .*" "" name "${line}")
+    list(APPEND names ${name})
+endforeach()
+list(SORT names)
+if(NOT "${names}" STREQUAL "DeleteSymb;GetSymbType;NewSymb")
+    message(FATAL_ERROR "exported: ${names}")
+endif()
