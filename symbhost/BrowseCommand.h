@@ -1,0 +1,22 @@
+#pragma once
+
+#include "symbhost/CListing.h"
+#include "symbhost/CLoadedExport.h"
+#include "symbhost/COutput.h"
+
+#include <optional>
+#include <string>
+
+struct BrowseOptions
+{
+    ListingRequest request;
+    std::string fields;        // field codes; empty: none
+    std::optional<DWORD> page; // show pages of this many entries
+    bool tree = false;
+    unsigned depth = 3; // levels of the tree
+    bool json = false;
+};
+
+// Lists the symbols below a path as they come. Answers an exit status:
+// kIncomplete when nothing can be listed there or the listing broke off.
+int BrowseCommand(CLoadedExport& loaded, const BrowseOptions& options, COutput& output);

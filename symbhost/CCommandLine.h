@@ -1,0 +1,35 @@
+#pragma once
+
+#include "symbhost/BrowseCommand.h"
+#include "symbhost/CLoadedExport.h"
+#include "symbhost/COutput.h"
+#include "symbhost/ResolveCommand.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+
+// The program's options and commands.
+class CCommandLine
+{
+public:
+    CCommandLine();
+
+    // Reads the arguments and runs the command that they name. Answers an exit status.
+    int Run(int argc, const char* const* argv, COutput& output);
+
+private:
+    CLI::App* AddCommand(const std::string& name, const std::string& description, bool hasDumpDir);
+    void AddResolve();
+    void AddBrowse();
+    int RunLoaded(CLoadedExport& loaded, COutput& output);
+
+    CLI::App app;
+    CLI::App* info = nullptr;
+    CLI::App* resolve = nullptr;
+    CLI::App* browse = nullptr;
+    CLI::App* dump = nullptr;
+    LoadOptions loadOptions;
+    ResolveOptions resolveOptions;
+    BrowseOptions browseOptions;
+};

@@ -1,0 +1,81 @@
+#include "symbhost/CListing.h"
+
+#include "platform/win32/CodePage.h"
+#include "symbhost/HostMemory.h"
+
+#include <utility>
+
+namespace {
+
+// Where a listing is to resume, and the text in which the plug-in says where it was cut.
+class CContinuationPoint
+{
+public:
+    explicit CContinuationPoint(const std::string& name) : passed(WideText(name, CP_UTF8)), slot(passed.data()) {}
+    CContinuationPoint(const CContinuationPoint&) = delete;
+    CContinuationPoint& operator=(const CContinuationPoint&) = delete;
+    ~CContinuationPoint()
+    {
+        if (slot != passed.data())
+            CoTaskMemFree(slot);
+    }
+
+    LPWSTR* Slot() { return &slot; }
+    // The plug-in widens names with the ANSI code page but reads the point as UTF-8.
+    std::string Name() const { return NarrowText(slot, CP_THREAD_ACP); }
+
+private:
+    WideString passed; // ours, the plug-in does not free it
+    LPWSTR slot;
+};
+
+} // namespace
+
+std::string BrowseFailure(HRESULT result)
+{
+    if (!FAILED(result))
+        return {};
+    return ResultText(result) + (result == E_INVALIDARG ? ", no structure, array or function block there" : "");
+}
+
+CListing::CListing(CSymb& source, ListingRequest wanted)
+    : table(source), request(std::move(wanted)), parentId(WideText(request.path, CP_UTF8))
+{}
+
+bool CListing::NextPage(std::vector<ListingEntry>& page)
+{
+    page.clear();
+    if (!more)
+        return false;
+    CElementArray elements(request.pageSize);
+    CContinuationPoint point(resumeAt);
+    DWORD moreElements = 0;
+    const BOOL branchesOnly = request.wantBranches && !request.wantLeaves;
+    const HRESULT result = table.BrowseSymbolsWithProperties(
+        request.filter.c_str(), request.pattern.c_str(), request.varType, request.path.c_str(), 0, 0, branchesOnly,
+        request.wantLeaves, request.wantBranches, 0, nullptr, parentId.c_str(), point.Slot(), request.pageSize, 0, 0, 0,
+        0, &moreElements, &elements.count, &elements.items, &elements.capacity, nullptr);
+    if (FAILED(result))
+        return Fail(BrowseFailure(result));
+    if (elements.count == 0 && !resumeAt.empty())
+        return Fail("the listing cannot be resumed at " + resumeAt);
+    for (DWORD index = 0; index < elements.count; ++index) {
+        const BrowseElement& element = elements.items[index];
+        page.push_back({NarrowText(element.name, CP_THREAD_ACP), NarrowText(element.itemId, CP_THREAD_ACP),
+                        element.kind == BrowseElement::kBranch});
+    }
+    more = moreElements != 0;
+    if (more) {
+        resumeAt = point.Name();
+        if (!resumed.insert(resumeAt).second)
+            Fail("the listing comes back to " + resumeAt + ", which it holds more than once");
+    }
+    return true;
+}
+
+bool CListing::Fail(const std::string& reason)
+{
+    failure = reason;
+    more = false;
+    return false;
+}

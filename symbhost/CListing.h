@@ -1,0 +1,67 @@
+#pragma once
+
+#include "symb/CSymb.h"
+#include "symbhost/Text.h"
+
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+// What a listing asks for. Texts are UTF-8.
+struct ListingRequest
+{
+    std::string path; // empty: the variables
+    std::string pattern = "*";
+    std::string filter;
+    WORD varType = 0;
+    bool wantLeaves = true;
+    bool wantBranches = true;
+    DWORD pageSize = 1000; // entries; 0: all in one page
+};
+
+struct ListingEntry
+{
+    std::string name;
+    std::string itemId; // as the plug-in gave it, with the path as its parent
+    bool isBranch;
+};
+
+// Why a browse operation answered `result`; empty for a success.
+std::string BrowseFailure(HRESULT result);
+
+// The symbols below a path, page by page through the listing with properties.
+//
+// One page is in memory at a time. A page resumes at the name that did not fit
+// into the one before; where two entries have one name, that leads back, so the
+// listing ends with a failure when a name comes up for the second time.
+class CListing
+{
+public:
+    CListing(CSymb& source, ListingRequest wanted);
+
+    // Replaces `page` by the next one; false at the end and after a failure. Passes CMemoryException on.
+    bool NextPage(std::vector<ListingEntry>& page);
+    // Whether another page is expected.
+    bool HasMore() const { return more; }
+    // The name at which the next page starts; empty for the first one.
+    const std::string& ResumeAt() const { return resumeAt; }
+    // Why the listing is not complete; empty when it is, as far as it was read.
+    const std::string& Failure() const { return failure; }
+    // What the listing's entry is called in lookups and further listings.
+    const std::string& SymbolOf(const ListingEntry& entry) const
+    {
+        return request.path.empty() ? entry.name : entry.itemId;
+    }
+
+private:
+    // Ends the listing; false.
+    bool Fail(const std::string& reason);
+
+    CSymb& table;
+    ListingRequest request;
+    WideString parentId;
+    bool more = true;
+    std::string resumeAt;
+    std::unordered_set<std::string> resumed; // every name so far
+    std::string failure;
+};

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "symbhost/CConsoleSink.h"
+#include "symbhost/CPlugin.h"
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+// What every command is told about the export.
+struct LoadOptions
+{
+    std::string exportPath;             // ANSI code page
+    std::string pluginPath;             // empty: the plug-in beside this program
+    std::optional<std::string> dumpDir; // none: a temporary folder; empty: no dump
+};
+
+// COM on this thread, for as long as the object lives.
+class CComApartment
+{
+public:
+    // Raises CHostError.
+    CComApartment();
+    CComApartment(const CComApartment&) = delete;
+    CComApartment& operator=(const CComApartment&) = delete;
+    ~CComApartment();
+};
+
+// An export, loaded by the plug-in, with all that a host keeps for it.
+class CLoadedExport
+{
+public:
+    // Loads the export with the lookup's messages on. Raises CHostError when it cannot be loaded.
+    explicit CLoadedExport(const LoadOptions& options);
+
+    CSymb& Table() const { return *table; }
+    CConsoleSink& Sink() { return sink; }
+    DWORD TypeCode() const { return plugin.TypeCode(); }
+    // How long Init took.
+    std::chrono::milliseconds LoadTime() const { return loadTime; }
+
+private:
+    // Destroyed from the last to the first: the table before the sink and the library that it uses.
+    CComApartment apartment;
+    CConsoleSink sink;
+    CPlugin plugin;
+    SymbHolder table;
+    std::chrono::milliseconds loadTime{};
+};

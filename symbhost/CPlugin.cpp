@@ -1,0 +1,70 @@
+#include "symbhost/CPlugin.h"
+
+#include "platform/win32/File.h"
+#include "symbhost/Failure.h"
+#include "symbhost/Text.h"
+
+#include <vector>
+
+namespace {
+
+constexpr char kPluginFile[] = SHARED_LIBRARY_NAME("symbkds");
+
+std::string ProgramPath()
+{
+    constexpr std::size_t kLongestPath = 65536;
+    for (std::vector<char> path(1024); path.size() <= kLongestPath; path.resize(path.size() * 2)) {
+        const DWORD length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size())
+            return std::string(path.data(), length);
+    }
+    return {};
+}
+
+// A bare file name would be searched for along the system's library path; the
+// user means the one in the current folder.
+std::string LibraryPath(const std::string& given)
+{
+    if (given.empty()) {
+        const std::string program = ProgramPath();
+        return program.substr(0, program.rfind(kPathSeparator) + 1) + kPluginFile;
+    }
+    const bool isBare = given.find('/') == std::string::npos && given.find(kPathSeparator) == std::string::npos;
+    return isBare ? std::string(".") + kPathSeparator + given : given;
+}
+
+} // namespace
+
+CPlugin::CPlugin(const std::string& given) : path(LibraryPath(given)), library(LoadLibraryA(path.c_str()))
+{
+    if (!library)
+        throw CHostError("the plug-in " + path + " cannot be loaded (error " + std::to_string(GetLastError()) + ")");
+    newSymb = reinterpret_cast<NewSymbFunction>(Export(kNewSymbExport));
+    deleteSymb = reinterpret_cast<DeleteSymbFunction>(Export(kDeleteSymbExport));
+    getSymbType = reinterpret_cast<GetSymbTypeFunction>(Export(kGetSymbTypeExport));
+}
+
+FARPROC CPlugin::Export(LPCSTR name) const
+{
+    const FARPROC function = GetProcAddress(library.get(), name);
+    if (!function)
+        throw CHostError(path + " is no symbol-table plug-in: it does not export " + name);
+    return function;
+}
+
+DWORD CPlugin::TypeCode() const
+{
+    DWORD typeCode = 0;
+    if (const HRESULT result = getSymbType(&typeCode); FAILED(result))
+        throw CHostError("GetSymbType failed with " + ResultText(result));
+    return typeCode;
+}
+
+SymbHolder CPlugin::NewSymbolTable() const
+{
+    CSymb* symbolTable = nullptr;
+    const HRESULT result = newSymb(&symbolTable);
+    if (FAILED(result) || !symbolTable)
+        throw CHostError("NewSymb failed with " + ResultText(result));
+    return SymbHolder(symbolTable, CSymbDeleter{deleteSymb});
+}

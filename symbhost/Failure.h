@@ -1,0 +1,49 @@
+// What ends a command early, and how that is told.
+#pragma once
+
+#include "platform/mfc/Exceptions.h"
+#include "symbhost/COutput.h"
+
+#include <cerrno>
+#include <cstring>
+#include <exception>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+// What the program answers.
+constexpr int kDone = 0;       // everything was resolved or listed
+constexpr int kIncomplete = 1; // some was not
+constexpr int kNotStarted = 2; // the command line is wrong or the export could not be loaded
+
+// A command cannot go on; the text tells why.
+class CHostError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Prints "symbhost: " and the text on standard error.
+void Complain(std::string_view text);
+
+// Runs `work`, which answers an exit status. An exception that leaves it, the
+// plug-in's included, ends in a message and `failureStatus`. A reader of the
+// output that went away had enough: no message, and the status is kDone.
+template <class Work>
+int Guarded(int failureStatus, Work&& work)
+{
+    try {
+        return work();
+    } catch (const OutputError& failure) {
+        if (failure.error == EPIPE)
+            return kDone;
+        Complain(std::string("the output cannot be written: ") + std::strerror(failure.error));
+    } catch (const std::exception& failure) {
+        Complain(failure.what());
+    } catch (const CMemoryException&) {
+        Complain("memory is short");
+    } catch (const CException&) {
+        Complain("the plug-in failed");
+    }
+    return failureStatus;
+}

@@ -1,0 +1,63 @@
+#include "symbhost/Lookup.h"
+
+#include "platform/win32/CodePage.h"
+#include "symbhost/HostMemory.h"
+#include "symbhost/Text.h"
+
+namespace {
+
+// The texts among the properties, each converted with the code page with which the plug-in made it.
+void TakeTexts(const PropertyEntry* properties, DWORD count, LookupAnswer& symbol)
+{
+    for (const PropertyEntry* entry = properties; entry != properties + count; ++entry) {
+        if (entry->value.vt != VT_BSTR || !entry->value.bstrVal)
+            continue;
+        const BSTR text = entry->value.bstrVal;
+        const std::size_t units = SysStringLen(text);
+        if (entry->identifier == PROP_TYPE_NAME)
+            symbol.typeName = NarrowText(text, units, CP_UTF8);
+        else if (entry->identifier == PROP_CUSTOMER_STRING)
+            symbol.customerString = NarrowText(text, units, CP_UTF8);
+        else if (entry->identifier == PROP_KIND_NAME)
+            symbol.kindName = NarrowText(text, units, CP_THREAD_ACP);
+    }
+}
+
+} // namespace
+
+std::string LookupAnswer::Access() const
+{
+    constexpr DWORD kRead = 1;
+    constexpr DWORD kWrite = 2;
+    const std::string text =
+        std::string(descriptor.accessRight & kRead ? "r" : "") + (descriptor.accessRight & kWrite ? "w" : "");
+    return text.empty() ? "none" : text;
+}
+
+LookupAnswer LookUp(CSymb& table, CConsoleSink& sink, const std::string& name)
+{
+    LookupAnswer symbol{};
+    symbol.name = name;
+    if (name.find('\0') != std::string::npos) {
+        symbol.result = E_INVALIDARG;
+        symbol.message = "the name holds a null";
+        return symbol;
+    }
+    CString address;
+    CString comment;
+    AddressDescriptor* descriptor = nullptr;
+    PropertyEntry* properties = nullptr;
+    DWORD propertyCount = 0;
+    sink.Collect();
+    symbol.result = table.SearchAndGetFF(0, name.c_str(), address, comment, &descriptor, &propertyCount, &properties);
+    const DescriptorHolder descriptorHolder(descriptor);
+    const PropertiesHolder propertiesHolder(properties);
+    symbol.message = sink.TakeCollected();
+    if (!symbol.IsResolved())
+        return symbol;
+    symbol.address = address;
+    symbol.comment = comment;
+    symbol.descriptor = *descriptor;
+    TakeTexts(properties, propertyCount, symbol);
+    return symbol;
+}

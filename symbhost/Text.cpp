@@ -1,0 +1,131 @@
+#include "symbhost/Text.h"
+
+#include "platform/win32/CodePage.h"
+
+#include <algorithm>
+
+namespace {
+
+struct Decoded
+{
+    char32_t codePoint;
+    std::size_t bytes; // 0: no character starts here
+};
+
+// The first character of `text`, which is not empty.
+Decoded DecodeUtf8(std::string_view text)
+{
+    const auto byte = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+    if (byte(0) < 0x80)
+        return {byte(0), 1};
+    const std::size_t bytes = byte(0) >= 0xF0 ? 4 : byte(0) >= 0xE0 ? 3 : 2;
+    if (byte(0) < 0xC2 || byte(0) > 0xF4 || text.size() < bytes)
+        return {0, 0};
+    char32_t codePoint = byte(0) & (0x7FU >> bytes);
+    for (std::size_t at = 1; at < bytes; ++at) {
+        if ((byte(at) & 0xC0U) != 0x80)
+            return {0, 0};
+        codePoint = (codePoint << 6U) | (byte(at) & 0x3FU);
+    }
+    constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
+    const bool isSurrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
+    if (codePoint < kSmallest[bytes] || codePoint > 0x10FFFF || isSurrogate)
+        return {0, 0};
+    return {codePoint, bytes};
+}
+
+// Controls of ASCII and Latin-1, line separators and the marks and overrides of the writing direction.
+bool MovesTheTerminal(char32_t codePoint)
+{
+    return codePoint < 0x20 || (codePoint >= 0x7F && codePoint <= 0x9F) || codePoint == 0x061C || codePoint == 0x200E ||
+           codePoint == 0x200F || (codePoint >= 0x2028 && codePoint <= 0x202E) ||
+           (codePoint >= 0x2066 && codePoint <= 0x2069) || codePoint == 0xFEFF;
+}
+
+void AppendHex(std::string& text, char32_t value, unsigned digits, const char* alphabet)
+{
+    while (digits-- > 0)
+        text += alphabet[(value >> (4 * digits)) & 0xFU];
+}
+
+void AppendEscape(std::string& text, char32_t value, bool isByte)
+{
+    constexpr std::string_view kNamed = "\n\r\t";
+    if (const std::size_t at = kNamed.find(static_cast<char>(value)); value < 0x80 && at != std::string_view::npos) {
+        text += '\\';
+        text += "nrt"[at];
+        return;
+    }
+    text += isByte ? "\\x" : "\\u";
+    AppendHex(text, value, isByte ? 2 : 4, "0123456789abcdef");
+}
+
+} // namespace
+
+std::string NarrowText(LPCWSTR text, std::size_t units, UINT codePage)
+{
+    if (units == 0)
+        return {};
+    const int wideUnits = static_cast<int>(units);
+    const int bytes = WideCharToMultiByte(codePage, 0, text, wideUnits, nullptr, 0, nullptr, nullptr);
+    std::string narrow(static_cast<std::size_t>(std::max(bytes, 0)), '\0');
+    WideCharToMultiByte(codePage, 0, text, wideUnits, narrow.data(), bytes, nullptr, nullptr);
+    return narrow;
+}
+
+std::string NarrowText(LPCWSTR text, UINT codePage)
+{
+    return text ? NarrowText(text, std::char_traits<WCHAR>::length(text), codePage) : std::string();
+}
+
+WideString WideText(const std::string& text, UINT codePage)
+{
+    if (text.empty())
+        return {};
+    const int bytes = static_cast<int>(text.size());
+    const int units = MultiByteToWideChar(codePage, 0, text.data(), bytes, nullptr, 0);
+    WideString wide(static_cast<std::size_t>(std::max(units, 0)), WCHAR{});
+    MultiByteToWideChar(codePage, 0, text.data(), bytes, wide.data(), units);
+    return wide;
+}
+
+std::string Utf8FromArgument(const std::string& argument)
+{
+    const WideString wide = WideText(argument, CP_ACP);
+    return NarrowText(wide.data(), wide.size(), CP_UTF8);
+}
+
+std::string Printable(std::string_view text)
+{
+    std::string printable;
+    while (!text.empty()) {
+        const Decoded decoded = DecodeUtf8(text);
+        if (decoded.bytes == 0)
+            AppendEscape(printable, static_cast<unsigned char>(text.front()), true);
+        else if (MovesTheTerminal(decoded.codePoint))
+            AppendEscape(printable, decoded.codePoint, decoded.codePoint < 0x80);
+        else
+            printable += text.substr(0, decoded.bytes);
+        text.remove_prefix(std::max<std::size_t>(decoded.bytes, 1));
+    }
+    return printable;
+}
+
+std::size_t DisplayWidth(std::string_view printable)
+{
+    return static_cast<std::size_t>(std::count_if(printable.begin(), printable.end(), [](char byte) {
+        return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80; // all but the bytes that continue a character
+    }));
+}
+
+std::string HexText(DWORD value)
+{
+    std::string text = "0x";
+    AppendHex(text, value, 8, "0123456789ABCDEF");
+    return text;
+}
+
+std::string ResultText(HRESULT result)
+{
+    return HexText(static_cast<DWORD>(result));
+}

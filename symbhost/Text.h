@@ -1,0 +1,32 @@
+// Texts between the plug-in, the command line and the terminal.
+#pragma once
+
+#include "platform/win32/Types.h"
+
+#include <string>
+#include <string_view>
+
+using WideString = std::basic_string<WCHAR>;
+
+// The two directions between UTF-16 and the narrow encoding `codePage`; what
+// cannot be converted becomes a replacement character.
+std::string NarrowText(LPCWSTR text, std::size_t units, UINT codePage);
+// Null counts as empty.
+std::string NarrowText(LPCWSTR text, UINT codePage);
+WideString WideText(const std::string& text, UINT codePage);
+
+// A command-line argument (ANSI code page) in UTF-8, as the plug-in wants names.
+std::string Utf8FromArgument(const std::string& argument);
+
+// `text` (UTF-8, from anywhere) as one line that does nothing to a terminal:
+// control characters, marks that reverse the writing direction and bytes that
+// are no UTF-8 are written as escapes such as \n, \x1b or \u202e.
+std::string Printable(std::string_view text);
+
+// Columns that a printable text takes, one for each code point.
+std::size_t DisplayWidth(std::string_view printable);
+
+// "0x" and eight upper-case digits.
+std::string HexText(DWORD value);
+// A result code in the same form.
+std::string ResultText(HRESULT result);
