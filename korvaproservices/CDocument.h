@@ -1,7 +1,8 @@
 #pragma once
 
 #include "korvaproservices/CFreeList.h"
-#include "korvaproservices/Module.h"
+#include "korvaproservices/CModuleReference.h"
+#include "korvaproservices/KorvaProServices.h"
 #include "platform/com/InterfacePtr.h"
 
 #include <pugixml.hpp>
@@ -31,7 +32,7 @@ public:
     pugi::xml_node Root() const { return xml.root(); }
 
     // An element for `node` with one reference; null for a null node. Both may raise std::bad_alloc.
-    CElement* MakeElement(pugi::xml_node node);
+    WalkElement* MakeElement(pugi::xml_node node);
     // A list whose selection is still to be set.
     CInterfacePtr<CElementList> MakeList();
 

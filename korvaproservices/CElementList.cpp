@@ -1,7 +1,6 @@
 #include "korvaproservices/CElementList.h"
 
 #include "korvaproservices/CDocument.h"
-#include "korvaproservices/CElement.h"
 #include "korvaproservices/Guarded.h"
 
 #include <limits>
@@ -46,7 +45,7 @@ HRESULT CElementList::Next(WalkElement** element)
     return Deliver(element, [&] {
         // Moved only when the element could be made: a call that failed can be repeated.
         const pugi::xml_node next = selection.After(started ? position : selection.Start());
-        CElement* made = document.MakeElement(next);
+        WalkElement* made = document.MakeElement(next);
         started = true;
         position = next;
         return made;

@@ -1,7 +1,6 @@
 #include "korvaproservices/CKorvaProServices.h"
 
 #include "korvaproservices/CDocument.h"
-#include "korvaproservices/CElement.h"
 #include "korvaproservices/CElementList.h"
 #include "korvaproservices/Guarded.h"
 #include "korvaproservices/Text.h"

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "korvaproservices/CModuleReference.h"
 #include "korvaproservices/CReferenceCount.h"
 #include "korvaproservices/KorvaProServices.h"
-#include "korvaproservices/Module.h"
 #include "platform/com/InterfacePtr.h"
 
 #include <string>

@@ -12,7 +12,7 @@ void CDocument::Release() noexcept
         delete this;
 }
 
-CElement* CDocument::MakeElement(pugi::xml_node node)
+WalkElement* CDocument::MakeElement(pugi::xml_node node)
 {
     if (!node)
         return nullptr;

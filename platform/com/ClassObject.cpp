@@ -112,7 +112,9 @@ HRESULT CoRegisterClassObject(REFCLSID clsid, IUnknown* classObject, DWORD conte
         return E_INVALIDARG;
     *cookie = 0;
     try {
-        const auto entry = std::make_shared<Registration>(clsid, CInterfacePtr<IUnknown>(classObject), 0);
+        const auto entry = std::make_shared<Registration>();
+        entry->clsid = clsid;
+        entry->classObject = CInterfacePtr<IUnknown>(classObject);
         RegistrationTable& table = Registrations();
         const std::lock_guard guard(table.lock);
         entry->cookie = table.lastCookie + 1;
@@ -135,4 +137,9 @@ HRESULT CoRevokeClassObject(DWORD cookie)
     revoked = std::move(*found);
     table.registrations.erase(found);
     return S_OK;
+}
+
+void CoFreeUnusedLibraries()
+{
+    FreeIdleServers();
 }

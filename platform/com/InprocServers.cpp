@@ -1,7 +1,5 @@
 #include "platform/com/InprocServers.h"
 
-#include "platform/com/ClassObject.h"
-
 #include <algorithm>
 #include <cstdio>
 #include <dlfcn.h>
@@ -90,7 +88,7 @@ ServerPtr FindInprocServer(REFCLSID clsid)
         if (ServerPtr known = table.Find(clsid))
             return known;
     }
-    const ServerPtr loaded = std::make_shared<CInprocServer>(clsid); // outlives the lock
+    ServerPtr loaded = std::make_shared<CInprocServer>(clsid); // outlives the lock
     if (!loaded->IsLoaded())
         return nullptr;
     const std::lock_guard guard(table.lock);
@@ -102,7 +100,7 @@ ServerPtr FindInprocServer(REFCLSID clsid)
 
 // A server can go when nobody used it from before the question whether it has
 // objects until after the answer. When memory is short, all stay.
-void CoFreeUnusedLibraries()
+void FreeIdleServers()
 {
     try {
         ServerTable& table = Servers();

@@ -35,5 +35,8 @@ private:
 };
 
 // The server of the class, loaded by the first who asks and kept until
-// CoFreeUnusedLibraries; null when there is none.
+// FreeIdleServers; null when there is none.
 std::shared_ptr<CInprocServer> FindInprocServer(REFCLSID clsid);
+
+// Unloads the servers without living objects.
+void FreeIdleServers();

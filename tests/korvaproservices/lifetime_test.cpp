@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr char kServer[] = "/comservers/{7C1E52A4-93D0-4B6F-A815-2E60F49BC731}.so";
-
 // The entry points of the very library that CoCreateInstance loads.
 class Lifetime : public CComponentTest
 {
@@ -18,7 +16,7 @@ protected:
         CComponentTest::SetUp();
         char program[4096];
         ASSERT_GT(GetModuleFileNameA(nullptr, program, sizeof program), 0U);
-        const std::string path = std::filesystem::path(program).parent_path().string() + kServer;
+        const std::string path = std::filesystem::path(program).parent_path().string() + COMPONENT_FILE;
         library = LoadLibraryA(path.c_str());
         ASSERT_TRUE(library) << path;
         canUnloadNow = reinterpret_cast<CanUnloadNow>(GetProcAddress(library, "DllCanUnloadNow"));

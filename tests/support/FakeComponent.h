@@ -2,6 +2,7 @@
 
 #include "korvaproservices/KorvaProServices.h"
 #include "support/ExportBuilder.h"
+#include "support/Fault.h"
 #include "support/HostView.h"
 
 #include <functional>
@@ -9,28 +10,7 @@
 #include <string>
 #include <string_view>
 
-// What a call of the component does instead of its work.
-struct Fault
-{
-    enum class Kind
-    {
-        kResult,         // `result`, nothing delivered
-        kResultAndValue, // `result`, but the value is delivered
-        kStandard,       // throws std::runtime_error(text)
-        kWithoutText,    // throws a std::exception whose what() is null
-        kNumber          // throws an int
-    };
-
-    Kind kind;
-    HRESULT result = 0;
-    std::string text = {};
-
-    static Fault Result(HRESULT result) { return {Kind::kResult, result}; }
-    static Fault ResultAndValue(HRESULT result) { return {Kind::kResultAndValue, result}; }
-    static Fault Standard(std::string text) { return {Kind::kStandard, 0, std::move(text)}; }
-    static Fault WithoutText() { return {Kind::kWithoutText}; }
-    static Fault Number() { return {Kind::kNumber}; }
-};
+struct FakeState;
 
 // Takes the place of the project-services component while it lives.
 //
@@ -65,10 +45,8 @@ public:
     // Called on the component's thread with the text of each call, before it is carried out.
     void Watch(std::function<void(const std::string&)> watcher);
 
-    struct State;
-
 private:
     CComScope com;
-    std::shared_ptr<State> state;
+    std::shared_ptr<FakeState> state;
     DWORD cookie = 0;
 };

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "platform/com/Unknown.h"
-#include "support/FakeComponent.h"
+#include "support/ExportBuilder.h"
+#include "support/Fault.h"
 
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -16,7 +18,7 @@
 void AppendTo(std::string& joined, const std::string& text);
 
 // The tree and the books, shared by all objects of one fake component.
-struct CFakeComponent::State
+struct FakeState
 {
     struct Rule
     {
@@ -38,7 +40,6 @@ struct CFakeComponent::State
     std::optional<Fault> Enter(const std::string& call);
 };
 
-using FakeState = CFakeComponent::State;
 using FakeStatePtr = std::shared_ptr<FakeState>;
 
 // Carries a call out: `deliver` fills the out argument and returns the result.

@@ -2,6 +2,7 @@
 
 #include "platform/com/BstrHolder.h"
 #include "platform/win32/CodePage.h"
+#include "support/HostView.h"
 
 namespace {
 

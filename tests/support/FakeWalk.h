@@ -1,6 +1,7 @@
 // The lists and elements that the fake component hands out.
 #pragma once
 
+#include "korvaproservices/KorvaProServices.h"
 #include "support/FakeObject.h"
 
 #include <string>

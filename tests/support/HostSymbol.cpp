@@ -1,6 +1,8 @@
 // What a lookup hands over, read by offset and given back.
 #include "support/HostView.h"
 
+#include "support/RecordBytes.h"
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -9,10 +11,9 @@
 
 namespace {
 
-constexpr bool kWide = sizeof(void*) == 8;
 constexpr std::size_t kDescriptorBytes = 76;
-constexpr std::size_t kEntryBytes = kWide ? 32 : 20;
-constexpr std::size_t kEntryValue = kWide ? 8 : 4;
+constexpr std::size_t kEntryBytes = kWideRecords ? 32 : 20;
+constexpr std::size_t kEntryValue = kWideRecords ? 8 : 4;
 constexpr std::size_t kValueData = 8; // of the union inside a VARIANT
 
 struct TypeCodeRow
@@ -24,14 +25,6 @@ constexpr TypeCodeRow kTypeCodes[] = {{"BOOL", 0x0229},    {"EBOOL", 0x0429}, {"
                                       {"WSTRING", 0x0022}, {"UINT", 0x2259},  {"UDINT", 0x1259}, {"DINT", 0x0659},
                                       {"DWORD", 0x0069},   {"TOD", 0x0404},   {"TIME", 0x0091},  {"DATE", 0x0204},
                                       {"INT", 0x0A59},     {"REAL", 0x0551},  {"DT", 0x0104},    {"WORD", 0x00A9}};
-
-template <class Value>
-Value ReadAt(const void* record, std::size_t offset)
-{
-    Value value;
-    std::memcpy(&value, static_cast<const char*>(record) + offset, sizeof(value));
-    return value;
-}
 
 std::string Hexadecimal(DWORD value)
 {
@@ -90,7 +83,7 @@ bool IsOneStep(std::string_view name)
     name.remove_prefix(std::min(name.find_first_not_of(" ."), name.size()));
     std::size_t end = name.find_first_of(".[");
     return end == std::string_view::npos ||
-           (name[end] == '.' && name.find_first_not_of("0123456789", end + 1) == std::string_view::npos);
+           (name[end] == '.' && name.find_first_not_of("0123456789-", end + 1) == std::string_view::npos);
 }
 
 void ReadProperties(const char* entries, DWORD count, bool oneStep, HostSymbol& symbol)

@@ -5,6 +5,7 @@
 #include "platform/win32/CodePage.h"
 #include "platform/win32/File.h"
 #include "platform/win32/Library.h"
+#include "support/RecordBytes.h"
 #include "support/RecordingSink.h"
 
 #include <cstring>
@@ -12,25 +13,15 @@
 
 namespace {
 
-constexpr bool kWide = sizeof(void*) == 8;
-
 struct ElementLayout
 {
     static constexpr std::size_t kName = 0;
-    static constexpr std::size_t kItemId = kWide ? 8 : 4;
-    static constexpr std::size_t kKind = kWide ? 16 : 8;
-    static constexpr std::size_t kReserved = kWide ? 20 : 12;
-    static constexpr std::size_t kReservedEnd = kWide ? 44 : 32;
-    static constexpr std::size_t kBytes = kWide ? 48 : 32;
+    static constexpr std::size_t kItemId = kWideRecords ? 8 : 4;
+    static constexpr std::size_t kKind = kWideRecords ? 16 : 8;
+    static constexpr std::size_t kReserved = kWideRecords ? 20 : 12;
+    static constexpr std::size_t kReservedEnd = kWideRecords ? 44 : 32;
+    static constexpr std::size_t kBytes = kWideRecords ? 48 : 32;
 };
-
-template <class Value>
-Value ReadAt(const void* record, std::size_t offset)
-{
-    Value value;
-    std::memcpy(&value, static_cast<const char*>(record) + offset, sizeof(value));
-    return value;
-}
 
 std::string JoinTexts(const std::vector<std::string>& texts)
 {

@@ -1,5 +1,4 @@
-#include "korvaproservices/Module.h"
-
+// The class object and what the library exports.
 #include "korvaproservices/CKorvaProServices.h"
 #include "korvaproservices/Guarded.h"
 #include "platform/com/InterfacePtr.h"
@@ -8,7 +7,6 @@
 
 namespace {
 
-std::atomic<LONG> objectCount{0};
 std::atomic<LONG> lockCount{0};
 
 // The class object. There is one, and it is never destroyed: its references
@@ -59,16 +57,6 @@ CClassFactory classFactory;
 
 } // namespace
 
-CModuleReference::CModuleReference() noexcept
-{
-    ++objectCount;
-}
-
-CModuleReference::~CModuleReference()
-{
-    --objectCount;
-}
-
 STDAPI_EXPORT DllGetClassObject(REFCLSID clsid, REFIID iid, void** object)
 {
     if (!object)
@@ -81,5 +69,5 @@ STDAPI_EXPORT DllGetClassObject(REFCLSID clsid, REFIID iid, void** object)
 
 STDAPI_EXPORT DllCanUnloadNow()
 {
-    return objectCount == 0 && lockCount == 0 ? S_OK : S_FALSE;
+    return !CModuleReference::Exists() && lockCount == 0 ? S_OK : S_FALSE;
 }

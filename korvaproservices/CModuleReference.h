@@ -1,7 +1,6 @@
 #pragma once
 
-// Keeps the component's library loaded: it may be unloaded only while no object
-// of it and no lock of its class object exists.
+// Keeps the component's library loaded: every living object holds one.
 class CModuleReference
 {
 public:
@@ -9,4 +8,7 @@ public:
     CModuleReference(const CModuleReference&) = delete;
     CModuleReference& operator=(const CModuleReference&) = delete;
     ~CModuleReference();
+
+    // Whether there is any.
+    static bool Exists() noexcept;
 };
