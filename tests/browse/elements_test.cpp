@@ -81,6 +81,23 @@ TEST(BrowseElements, AreAddedBehindThoseThatAreThere)
     EXPECT_EQ(call.pointValue, nullptr);
 }
 
+TEST(BrowseElements, RoomIsNotTakenForGranted)
+{
+    CLoadedExport plant(kPlant);
+    CPropertyCall call;
+    call.out.capacity = 5000; // of no array
+    EXPECT_EQ(call.Run(plant.table), 0);
+    EXPECT_EQ(call.out.count, 4U);
+    EXPECT_EQ(call.out.capacity, 1004U);
+    for (DWORD count : {0xFFFFFFFFU, 0xFFFFFFFFU - 1003}) { // more than can be counted
+        call.out.count = count;
+        EXPECT_EQ(ResultName(call.Run(plant.table)), "E_OUTOFMEMORY");
+        EXPECT_EQ(call.out.count, count);
+        EXPECT_EQ(call.out.capacity, 1004U);
+    }
+    call.out.count = 4;
+}
+
 TEST(BrowseElements, ALimitCountsThoseThatAreThere)
 {
     CLoadedExport plant(kPlant);

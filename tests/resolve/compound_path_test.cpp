@@ -4,7 +4,7 @@
 namespace {
 
 const PlantCase kStructures[] = {
-    {"TYPE Sub STRUCT X INT @0 size 2 'ix'  Y Real @2 size 4 END\n"
+    {"TYPE Sub STRUCT X INT @0 size 2 'ix'  Y Real @2 size 4 P ARRAY[0..1] OF WORD @6 size 9 END\n"
      "TYPE Half STRUCT LO BYTE @0 HI BYTE @1 END\n"
      "TYPE S STRUCT A INT @4 size 2 'first'  B REAL @6 size 9  Text string[7] @20 size 8  C Sub @8 size 6 block 9 "
      "'inner'\n"
@@ -23,6 +23,7 @@ const PlantCase kStructures[] = {
        "SUB as structured +108 size 6 block 3 access 1 'inner' customer \"c\""}, // the member's block is not added
       {"V.C.Y", "REAL +110 size 4 block 3 access 1 customer \"c\""},
       {"V.C.x.15", "INT as BOOL +108 size 2 block 3 bit 15 access 1 'ix' customer \"c\""},
+      {"V.C.P", "ARRAY[0..1] OF WORD as WORD[] +114 size 9 block 3 access 1 customer \"c\""}, // as the export says
       {"V.C.3", kNoSuchBit},
       {"V.H.3", "HALF as BOOL +130 size 2 block 3 bit 3 access 1 customer \"c\""}, // two bytes of any type have bits
       {"V.W.3", "ARRAY[0..0] OF WORD as BOOL +132 size 2 block 3 bit 3 access 1 customer \"c\""},
@@ -55,6 +56,9 @@ const PlantCase kStructures[] = {
       {"V.5", "refused: KorvaPro Reader <plant.kds>:SearchAndGetFF:Can only animate LOCATED EDT which size is 1 or 2"},
       {"V.5.5", "INT as BOOL +10 size 2 bit 5"},
       {"T[1].5", "INT as BOOL +22 size 2 bit 5"}}},
+    // An index below a structure designates nothing, not even a member whose name is missing.
+    {"TYPE S STRUCT\n RAW <variables typeName=\"INT\"/>\n A INT @2 size 2 END VAR V S size 4",
+     {{"V[0]", kNoSuchPath}, {"V.A", "INT +2 size 2"}}},
     // A type that comes later in the export is not known when a member is classified, but it is when it is resolved.
     {"TYPE S STRUCT M Later @2 size 8 N Never @10 size 2 END TYPE Later ARRAY[0..3] OF INT VAR V S",
      {{"V.M", "LATER as structured +2 size 8"},

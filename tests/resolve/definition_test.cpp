@@ -7,7 +7,7 @@ namespace {
 
 const char kPlant[] = "TYPE Sub STRUCT X INT @2 size 2 Y REAL @4 size 4 block 3 END\n"
                       "DFB Inner IN A INT @6 size 2 S Sub @8 size 8 block 65535 END\n"
-                      "DFB Outer IN I Inner @10 size 20 block 2 A DINT @40 size 4 S Sub @48 size 8 block 4\n"
+                      "DFB Outer IN I Inner @10 size 20 block 2 A DINT @40 size 4 'speed' S Sub @48 size 8 block 4\n"
                       "  T ARRAY[0..1] OF Sub @60 size 17 M ARRAY[1..2,0..1] OF INT @80 size 8 W WORD @90 size 2 END\n"
                       "TYPE Holder STRUCT O Outer @1000 size 100 block 1 N Nowhere V INT @4 size 2 END\n"
                       "VAR O Outer block 7 @100 size 100 VAR H Holder";
@@ -113,19 +113,20 @@ TEST(Definition, FindsTheDefinitionAtAPath)
     }
 }
 
-TEST(Definition, WritesTheUnlocatedAddressOfAMember)
+TEST(Definition, WritesTheTextsOfAValue)
 {
     CInProcessTable table(kPlant);
     const struct
     {
         const char* path;
         const char* address;
-    } rows[] = {{"V.A", "U-DINT (B:7 - O:140) "},
-                {"V.S", "U-SUB (B:7 - O:148) "},
-                {"V.M[1][1]", "U-INT (B:7 - O:180) "}, // what is relative does not show
-                {"V.T[1]", ""}};
+        const char* comment;
+    } rows[] = {{"V.A", "U-DINT (B:7 - O:140) ", "speed"},
+                {"V.S", "U-SUB (B:7 - O:148) ", ""},
+                {"V.M[1][1]", "U-INT (B:7 - O:180) ", ""}, // what is relative does not show
+                {"V.T[1]", "before", "SUB"}};
     for (const auto& row : rows) {
-        CString text(row.path), typeName, comment, address;
+        CString text(row.path), typeName, comment("before"), address("before");
         CSymbKorvaAnalyser path;
         ASSERT_TRUE(path.Analyse(text, 0));
         AddressDescriptor descriptor{};
@@ -134,6 +135,7 @@ TEST(Definition, WritesTheUnlocatedAddressOfAMember)
         EXPECT_TRUE(table.Definition("Outer")->ResolvePath(&table.symb.GetTypes(), path, 1, true, descriptor, typeName,
                                                            comment, address));
         EXPECT_EQ(address.View(), row.address) << row.path;
+        EXPECT_EQ(comment.View(), row.comment) << row.path;
     }
 }
 

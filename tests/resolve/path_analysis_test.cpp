@@ -83,6 +83,8 @@ const PathCase kPaths[] = {
     {"VAR[3.5]", "VAR [3] 5]"},
     {"VAR[3.[4]", "refused"},
     {"VAR[3][", "VAR [3] []"},
+    {"[1[2]", "[1] 2]"},
+    {"VAR[1][2[3]]", "VAR [1] [2] 3]]"},
     {"VAR]x", "VAR]x"},
     // Dots: one is taken off at the start of each step.
     {".VAR", "VAR"},

@@ -1,28 +1,21 @@
 // Names of whole variables and of their bits.
 #include "resolve/LoadedPlant.h"
 
-#include "symb/AddressDescriptor.h"
-#include "symb/CSymb.h"
 #include "symb/PropertyEntry.h"
 
 #include <cstdlib>
-#include <memory>
 
 namespace {
 
-const char kPlant[] = "VAR W1 INT AT %MW10 block 5 @20 size 2 access 1 'set point' customer \"Gr\xC3\xB6\xC3\x9F"
-                      "e \xE2\x82\xAC\"\n"
+const char kPlant[] = "VAR W1 INT AT %MW10 block 5 @20 size 2 access 1 'set point' customer \"Größe €\"\n"
                       "VAR NoSize WORD AT %MW11 @22   VAR Wide UINT AT %MW12 @24 size 4\n"
                       "VAR Unlocated INT @20 size 2\n"
-                      "VAR Gr\xC3\xB6\xC3\x9F"
-                      "e BOOL AT %M1 @1 size 1 access 3\n"
+                      "VAR Größe BOOL AT %M1 @1 size 1 access 3\n"
                       "VAR Twice INT AT %MW1 VAR TWICE EBOOL AT %M2 @2 size 1 access 9\n"
                       "VAR 12 INT AT %MW3 size 2\n";
 
 #define W1_REST " access 1 at %MW10"
-#define W1_TEXTS                                                                                                       \
-    " 'set point' customer \"Gr\xC3\xB6\xC3\x9F"                                                                       \
-    "e \xE2\x82\xAC\""
+#define W1_TEXTS " 'set point' customer \"Größe €\""
 #define NOT_FOUND "refused: KorvaPro Reader <plant.kds> :SearchAndGetFF: invalid type for "
 #define NOT_ANIMABLE                                                                                                   \
     "refused: KorvaPro Reader <plant.kds>:SearchAndGetFF:Can only animate LOCATED EDT which size is 1 or 2"
@@ -53,13 +46,8 @@ const LookupCase kNames[] = {
     {"Unlocated", NOT_ANIMABLE},
     {"Unlocated.5", NOT_ANIMABLE},
     // Upper-casing reaches a to z alone.
-    {"gR\xC3\xB6\xC3\x9F"
-     "E",
-     "BOOL +1 size 1 access 2 at %M1"},
-    {"GR\xC3\x96\xC3\x9F"
-     "E",
-     NOT_FOUND "GR\xC3\x96\xC3\x9F"
-               "E"},
+    {"gRößE", "BOOL +1 size 1 access 2 at %M1"},
+    {"GRÖßE", NOT_FOUND "GRÖßE"},
     {"Twice", "EBOOL +2 size 1 access 0 at %M2"},      // the second of one name
     {"12", "INT as BOOL +0 size 2 bit 12 at %MW3.12"}, // a number asks for a bit too
     // Names that lead nowhere, quoted as they were asked for.

@@ -2,8 +2,6 @@
 #include "import/ImportFixture.h"
 #include "resolve/LoadedPlant.h"
 
-#include <sstream>
-
 namespace {
 
 #define UNKNOWN_ROOT "refused: KorvaPro Reader <plant.kds>:SearchAndGetFF: unknown variable "
@@ -27,6 +25,9 @@ const PlantCase kGenerated[] = {
       {"W[1][2]", kNoSuchPath}}},
     {"TYPE %TEMP_ARRAY7 ARRAY[0..1] OF INT VAR V %TEMP_ARRAY7 size 4 VAR W ARRAY[0..1] OF %TEMP_ARRAY7 size 8",
      {{"V[1]", "INT +2 size 2"}, {"W[1]", " as INT[] +4 size 4"}}}, // without a declaration to show
+    // Resolving may draw the very name of the type at hand, which is another type from then on.
+    {"TYPE T ARRAY[0..1,0..1,0..1] OF INT TYPE %TEMP_ARRAY3 STRUCT M T @4 size 16 END VAR V %TEMP_ARRAY3 size 20",
+     {{"V.M[1]", "ARRAY[0..1,0..1] OF INT as structured +12 size 8"}, {"V.M[1]", "INT +5 size 5"}}},
     // Arrays that contain themselves: each step goes one level down.
     {"TYPE %TEMP_ARRAY0 ARRAY[0..1,0..2] OF INT VAR V %TEMP_ARRAY0 size 65536 VAR W ARRAY[0..0] OF %TEMP_ARRAY0 size 8",
      {{"V[1]", "ARRAY[0..1,0..2] OF INT as structured +32768 size 32768"},

@@ -9,7 +9,6 @@
 #include "symbkds/model/TextNumber.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace {
 
@@ -29,7 +28,7 @@ public:
     void Run()
     {
         const std::uint32_t considered = std::min(bounds.ElementCount(), kMaxListedElements);
-        std::uint32_t left = request.window ? request.window->entryLimit : std::numeric_limits<std::uint32_t>::max();
+        std::uint64_t left = request.window ? request.window->entryLimit : considered;
         for (std::uint32_t number = FirstNumber(considered); number < considered && left > 0; ++number) {
             Sleep(0); // other threads of the host go on during a long listing
             const CString name = NameOf(number);

@@ -30,6 +30,17 @@ TaskText MakeTaskText(const CString& text)
     return wide;
 }
 
+// Whether an entry is the one that an earlier page named: the same name and the
+// same fields. The case of fields does not count, because listing a page makes
+// the type names shown in them upper case.
+bool IsSameEntry(const CString& entry, const CString& resumeAt)
+{
+    const int nameEnd = entry.Find('|');
+    if (nameEnd < 0)
+        return entry == resumeAt;
+    return entry.CompareNoCase(resumeAt) == 0 && entry.Left(nameEnd) == resumeAt.Left(nameEnd);
+}
+
 } // namespace
 
 CBrowseElementWriter::CBrowseElementWriter(const HostElements& hostElements, LPCSTR listedPath, LPCWSTR listedId)
@@ -51,10 +62,11 @@ bool CBrowseElementWriter::EnsureElementCapacity(std::uint32_t candidates)
     if (HasLimit() || needed <= capacity)
         return true;
     const std::uint64_t larger = needed + kSpareElements;
+    const std::uint64_t wantedBytes = larger * sizeof(BrowseElement);
+    const auto bytes = static_cast<std::size_t>(wantedBytes); // loses bits only where no block can be that large
     void* grown = nullptr;
-    if (larger <= std::numeric_limits<DWORD>::max() &&
-        larger <= std::numeric_limits<std::size_t>::max() / sizeof(BrowseElement))
-        grown = CoTaskMemRealloc(*host.elements, static_cast<std::size_t>(larger) * sizeof(BrowseElement));
+    if (larger <= std::numeric_limits<DWORD>::max() && bytes == wantedBytes)
+        grown = CoTaskMemRealloc(*host.elements, bytes);
     if (!grown) {
         result = E_OUTOFMEMORY;
         return false;
@@ -104,7 +116,7 @@ void CBrowseElementWriter::FillBrowseElements(const CStringArray& entries, const
 {
     bool started = resumeAt.IsEmpty();
     for (int i = 0; i < entries.GetSize(); ++i) {
-        started = started || entries[i] == resumeAt;
+        started = started || IsSameEntry(entries[i], resumeAt);
         const DWORD kind = i < kinds.GetSize() ? kinds[i] : BrowseElement::kLeaf;
         if (started && AddBrowseElement(entries[i], kind))
             return;

@@ -50,7 +50,7 @@ struct BrowseTarget
 struct BrowseWindow
 {
     CString resumeAt;         // the entry to begin with; empty: the first
-    std::uint32_t entryLimit; // entries enough for the page and the point at which the next one begins
+    std::uint64_t entryLimit; // entries enough for the page and the point at which the next one begins
 };
 
 // One call of BrowseChildren.

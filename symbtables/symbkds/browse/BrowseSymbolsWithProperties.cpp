@@ -58,7 +58,7 @@ HRESULT CSymbXml::ListChildrenWithProperties(const BrowseOptions& options, LPCST
     CStringArray names;
     CWordArray kinds;
     // One entry more than fit tells where the next page begins.
-    const BrowseWindow window{writer.GetResumeAt(), writer.RoomLeft() + 1};
+    const BrowseWindow window{writer.GetResumeAt(), std::uint64_t{writer.RoomLeft()} + 1};
     const HRESULT result = target.definition->BrowseChildren(
         {options, target, *this, names, kinds, writer.HasLimit() ? &window : nullptr});
     if (writer.EnsureElementCapacity(static_cast<std::uint32_t>(names.GetSize())))

@@ -30,6 +30,9 @@ void CMemberList::Add(std::unique_ptr<CSymbXMLDDTMember> member)
 
 CSymbXMLDDTMember* CMemberList::Find(CString name) const
 {
+    // An index step has an empty name; it designates no member, not even one whose name is missing.
+    if (name.IsEmpty())
+        return nullptr;
     name.MakeUpper();
     int position = 0;
     return index.Lookup(name, position) ? members[position] : nullptr;

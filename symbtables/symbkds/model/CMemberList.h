@@ -23,7 +23,7 @@ public:
 
     // Appends. Of two members with one name (in any case) the later is found.
     void Add(std::unique_ptr<CSymbXMLDDTMember> member);
-    // The member of that name in any case; null when there is none.
+    // The member of that name in any case; null when there is none, and for an empty name.
     CSymbXMLDDTMember* Find(CString name) const;
 
     // Classifies every member's type anew.

@@ -27,7 +27,7 @@ HostRecords MakeHostRecords(const ResolvedSymbol& symbol)
 {
     HostRecords records;
     records.propertyCount = symbol.hasAddressProperty ? kFixedProperties + 1 : kFixedProperties;
-    records.properties.reset(new PropertyEntry[records.propertyCount]);
+    records.properties = std::make_unique<PropertyEntry[]>(records.propertyCount);
     PropertyEntry* entry = records.properties.get();
     SetNumber(entry[0], PROP_BLOCK, symbol.descriptor.block);
     SetNumber(entry[1], PROP_OFFSET, symbol.descriptor.offset);
