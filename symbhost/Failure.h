@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 #include <exception>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -38,6 +39,8 @@ int Guarded(int failureStatus, Work&& work)
         if (failure.error == EPIPE)
             return kDone;
         Complain(std::string("the output cannot be written: ") + std::strerror(failure.error));
+    } catch (const std::bad_alloc&) {
+        Complain("memory is short");
     } catch (const std::exception& failure) {
         Complain(failure.what());
     } catch (const CMemoryException&) {

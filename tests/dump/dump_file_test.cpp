@@ -76,6 +76,20 @@ std::string WithoutStamps(std::string dump)
     return dump;
 }
 
+// The first line in which two dumps differ; empty when there is none.
+std::string Difference(const std::string& dump, const std::string& expected)
+{
+    std::istringstream left(dump), right(expected);
+    for (int number = 1;; ++number) {
+        std::string mine = "no line", wanted = "no line";
+        const bool ended = !std::getline(left, mine), expectedEnd = !std::getline(right, wanted);
+        if (ended && expectedEnd)
+            return dump == expected ? "" : "the last line end";
+        if (ended != expectedEnd || mine != wanted)
+            return "line " + std::to_string(number) + ": " + mine + ", expected: " + wanted;
+    }
+}
+
 DWORD FileSeconds(const std::string& path)
 {
     const auto time = std::chrono::file_clock::to_sys(std::filesystem::last_write_time(path));
@@ -115,11 +129,11 @@ TEST(DumpFile, HoldsEveryKindOfBlock)
     const DWORD after = GetTickCount();
     std::string dump = loaded.Dump();
     const Stamps stamps = TakeStamps(dump);
-    EXPECT_EQ(dump, ReadWholeFile(TEST_DATA_DIR "/kinds.dump"));
+    EXPECT_EQ(Difference(dump, ReadWholeFile(TEST_DATA_DIR "/kinds.dump")), "");
 
     EXPECT_EQ(stamps.fileTime, Hexadecimal(FileSeconds(loaded.source)));
-    EXPECT_THAT(stamps.firstTick, testing::MatchesRegex("[0-9a-f]+"));
-    EXPECT_THAT(stamps.lastTick, testing::MatchesRegex("[0-9A-F]+"));
+    EXPECT_EQ(stamps.firstTick.find_first_not_of("0123456789abcdef"), std::string::npos) << stamps.firstTick;
+    EXPECT_EQ(stamps.lastTick.find_first_not_of("0123456789ABCDEF"), std::string::npos) << stamps.lastTick;
     const DWORD first = static_cast<DWORD>(std::stoul(stamps.firstTick, nullptr, 16));
     const DWORD last = static_cast<DWORD>(std::stoul(stamps.lastTick, nullptr, 16));
     EXPECT_LE(first - before, last - before);
@@ -140,7 +154,7 @@ TEST(DumpFile, OfTheExamplePlant)
 {
     CDumped loaded;
     ASSERT_EQ(loaded.LoadFile(EXAMPLES_DIR "/plant.kds"), 0);
-    EXPECT_EQ(WithoutStamps(loaded.Dump()), WithoutStamps(ReadWholeFile(TEST_DATA_DIR "/plant.dump")));
+    EXPECT_EQ(Difference(WithoutStamps(loaded.Dump()), WithoutStamps(ReadWholeFile(TEST_DATA_DIR "/plant.dump"))), "");
 }
 
 TEST(DumpFile, IsNamedAfterThePath)
