@@ -188,7 +188,9 @@ private:
     Entry* NewEntry(KEY&& key, ARG_VALUE value)
     {
         if (!blocks || usedInBlock == blockEntries) {
-            void* memory = std::malloc(sizeof(Block) + static_cast<std::size_t>(blockEntries) * sizeof(Entry));
+            constexpr std::size_t kMostEntries = (PTRDIFF_MAX - sizeof(Block)) / sizeof(Entry);
+            const std::size_t entries = static_cast<std::size_t>(blockEntries);
+            void* memory = entries <= kMostEntries ? std::malloc(sizeof(Block) + entries * sizeof(Entry)) : nullptr;
             if (!memory)
                 AfxThrowMemoryException();
             blocks = new (memory) Block{blocks};

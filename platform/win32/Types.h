@@ -31,6 +31,8 @@
 #endif
 #include <windows.h>
 
+#include <wtypes.h> // OLECHAR and OLESTR
+
 #else
 
 using BYTE = std::uint8_t;

@@ -104,7 +104,7 @@ TEST_F(ClassObject, FailuresLeaveNothingBehind)
 class CRevokingFactory : public CCountedFactory
 {
 public:
-    HRESULT CreateInstance(IUnknown*, REFIID, void**) override
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID, void**) override
     {
         EXPECT_EQ(CoRevokeClassObject(cookie), S_OK);
         EXPECT_GT(references, 0);

@@ -14,13 +14,13 @@ public:
     CCountedObject(const CCountedObject&) = delete;
     CCountedObject& operator=(const CCountedObject&) = delete;
 
-    HRESULT QueryInterface(REFIID iid, void** object) override
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
     {
         *object = iid == IID_IUnknown ? this : nullptr;
         return *object ? (AddRef(), S_OK) : E_NOINTERFACE;
     }
-    ULONG AddRef() override { return static_cast<ULONG>(++references); }
-    ULONG Release() override
+    ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++references); }
+    ULONG STDMETHODCALLTYPE Release() override
     {
         const int left = --references;
         if (left == 0)
@@ -41,21 +41,21 @@ class CCountedFactory : public IClassFactory
 public:
     virtual ~CCountedFactory() = default;
 
-    HRESULT QueryInterface(REFIID iid, void** object) override
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
     {
         *object = iid == IID_IClassFactory && isFactory ? this : nullptr;
         return *object ? (AddRef(), S_OK) : E_NOINTERFACE;
     }
-    ULONG AddRef() override { return static_cast<ULONG>(++references); }
-    ULONG Release() override { return static_cast<ULONG>(--references); }
+    ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++references); }
+    ULONG STDMETHODCALLTYPE Release() override { return static_cast<ULONG>(--references); }
 
-    HRESULT CreateInstance(IUnknown*, REFIID iid, void** object) override
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID iid, void** object) override
     {
         CInterfacePtr<CCountedObject> created;
         *created.Put() = new CCountedObject(alive);
         return created->QueryInterface(iid, object);
     }
-    HRESULT LockServer(BOOL) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return E_NOTIMPL; }
 
     bool isFactory = true;
     std::atomic<int> references = 0;
