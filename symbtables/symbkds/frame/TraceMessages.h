@@ -59,6 +59,9 @@ inline constexpr TraceMessage kPathNotAnalysed{"KorvaPro Reader <%s>:SearchAndGe
 inline constexpr TraceMessage kNotAnimable{
     "KorvaPro Reader <%s>:SearchAndGetFF:Can only animate LOCATED EDT which size is 1 or 2", CTraceSink::kLevelFailure,
     true};
+// Hosts know this text too, but no lookup sends it: the plain name of a function block counts as not animable.
+inline constexpr TraceMessage kFullDFB{"KorvaPro Reader <%s>:SearchAndGetFF:Can't animate FULL DFB",
+                                       CTraceSink::kLevelFailure, true};
 // A plain name that is not in the dictionary; and the name as asked for.
 inline constexpr TraceMessage kNameNotFound{"KorvaPro Reader <%s> :SearchAndGetFF: invalid type for %s",
                                             CTraceSink::kLevelFailure, true};
