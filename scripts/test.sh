@@ -26,8 +26,8 @@ step() {
 }
 
 sources() {
-    find platform symbtables korvaproservices symbhost tests bench fuzz \
-        -type f \( -name '*.h' -o -name '*.cpp' \) -print0 2>/dev/null
+    find . \( -path ./build -o -path ./.cache -o -path ./.git \) -prune -o \
+        -type f \( -name '*.h' -o -name '*.cpp' \) -print0
 }
 
 check_format() {
