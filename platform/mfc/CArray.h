@@ -21,8 +21,6 @@ public:
         items.emplace_back(item);
         return GetSize() - 1;
     }
-    // Makes room, so that the array grows to `count` items without a further allocation.
-    void Reserve(int count) { items.reserve(static_cast<std::size_t>(count)); }
     // Shortens the array to its first `count` items.
     void Truncate(int count) { items.resize(static_cast<std::size_t>(count)); }
     void RemoveAll() noexcept { items.clear(); }

@@ -69,25 +69,27 @@ public:
         return pair != nullptr;
     }
 
-    // Inserts the entry or replaces its value; the key of an existing entry stays.
-    void SetAt(ARG_KEY key, ARG_VALUE value)
+    // The value of a key; of a new key a value-initialised one.
+    VALUE& operator[](ARG_KEY key)
     {
         if (!runs)
             AllocateBuckets();
         const std::uint32_t hash = HashKey(key);
         Run*& run = runs[hash % bucketCount];
-        if (CPair* pair = FindIn(run, hash, key)) {
-            pair->value = value;
-            return;
-        }
+        if (CPair* pair = FindIn(run, hash, key))
+            return pair->value;
         KEY ownKey(key);
         MakeRoom(run);
-        Entry* entry = NewEntry(std::move(ownKey), value);
+        Entry* entry = NewEntry(std::move(ownKey));
         run->Entries()[run->used] = entry;
         run->Hashes()[run->used] = hash;
         ++run->used;
         ++count;
+        return entry->value;
     }
+
+    // Inserts the entry or replaces its value; the key of an existing entry stays.
+    void SetAt(ARG_KEY key, ARG_VALUE value) { (*this)[key] = value; }
 
     // The first entry and the one after `pair`; null at the end.
     CPair* PGetFirstAssoc() const noexcept { return first; }
@@ -185,7 +187,7 @@ private:
         run = larger;
     }
 
-    Entry* NewEntry(KEY&& key, ARG_VALUE value)
+    Entry* NewEntry(KEY&& key)
     {
         if (!blocks || usedInBlock == blockEntries) {
             constexpr std::size_t kMostEntries = (PTRDIFF_MAX - sizeof(Block)) / sizeof(Entry);
@@ -196,7 +198,7 @@ private:
             blocks = new (memory) Block{blocks};
             usedInBlock = 0;
         }
-        Entry* entry = new (blocks->Entries() + usedInBlock) Entry{{std::move(key), value}, nullptr};
+        Entry* entry = new (blocks->Entries() + usedInBlock) Entry{{std::move(key), VALUE()}, nullptr};
         ++usedInBlock;
         (last ? last->next : first) = entry;
         last = entry;

@@ -2,7 +2,6 @@
 
 #include "platform/mfc/Exceptions.h"
 
-#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -33,15 +32,25 @@ bool CStdioFile::Create(LPCSTR path)
 
 void CStdioFile::Write(std::string_view text)
 {
-    while (!text.empty()) {
-        const std::string_view line = text.substr(0, text.find('\n'));
-        Collect(line);
-        text.remove_prefix(line.size());
-        if (!text.empty()) {
-            Collect("\r\n");
-            text.remove_prefix(1);
+    if (pending.empty())
+        try {
+            pending.resize(kPendingBytes);
+        } catch (const std::bad_alloc&) {
+            AfxThrowMemoryException();
         }
+    char* const buffer = pending.data();
+    std::size_t at = used;
+    for (const char c : text) {
+        if (at + 2 > kPendingBytes) {
+            used = std::exchange(at, 0);
+            if (!WritePending())
+                AfxThrowFileException(GetLastError());
+        }
+        if (c == '\n')
+            buffer[at++] = '\r';
+        buffer[at++] = c;
     }
+    used = at;
 }
 
 void CStdioFile::Close()
@@ -55,26 +64,9 @@ void CStdioFile::Close()
         AfxThrowFileException(written ? GetLastError() : error);
 }
 
-void CStdioFile::Collect(std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        if (pending.size() == kPendingBytes && !WritePending())
-            AfxThrowFileException(GetLastError());
-        const std::string_view fitting = bytes.substr(0, kPendingBytes - pending.size());
-        try {
-            pending.append(fitting);
-        } catch (const std::bad_alloc&) {
-            AfxThrowMemoryException();
-        }
-        bytes.remove_prefix(fitting.size());
-    }
-}
-
 bool CStdioFile::WritePending() noexcept
 {
     DWORD done = 0;
-    const bool written =
-        pending.empty() || WriteFile(file, pending.data(), static_cast<DWORD>(pending.size()), &done, nullptr);
-    pending.clear();
-    return written;
+    const auto bytes = static_cast<DWORD>(std::exchange(used, 0));
+    return bytes == 0 || WriteFile(file, pending.data(), bytes, &done, nullptr);
 }

@@ -26,11 +26,10 @@ public:
     void Close();
 
 private:
-    // Adds bytes to what is collected, which is written whenever it has grown to its limit.
-    void Collect(std::string_view bytes);
     // Writes what is collected; it is given up when that fails (the error number tells why).
     bool WritePending() noexcept;
 
     HANDLE file = nullptr;
-    std::string pending;
+    std::string pending; // the first `used` bytes are collected
+    std::size_t used = 0;
 };

@@ -33,8 +33,8 @@ public:
     // may be null. With `verboseFlag` 0 the lookup's messages are not sent. After
     // the load the dictionaries are written into the folder `dumpDir`; null or
     // empty: no dump. `unused` is not read.
-    // Returns 0 when the export was opened, even if an import broke off with a
-    // message; -1 when it could not be opened. Passes CMemoryException on only
+    // Returns -1 when the export could not be opened, else 0, also when an
+    // exception broke off the opening or an import, with a message. Passes CMemoryException on only
     // when the arguments cannot be stored; later exceptions end in a message.
     virtual LONG Init(LPCSTR path, CTraceSink* sink, BOOL verboseFlag, LPCSTR dumpDir, LONG unused) = 0;
 
@@ -72,7 +72,8 @@ public:
     //
     // filter         not null; with "%UL" in it only what has no "%" address is listed
     // namePattern    not null; "*" or a case-sensitive prefix, ended by the first "*" if there is one
-    // varTypeFilter  0, or the variant type an entry must have
+    // varTypeFilter  0, or the variant type that a leaf must have (and a member of a structure
+    //                that is a branch, when both are listed)
     // branchesOnly   only entries of a derived type
     // wantLeaves, wantBranches  which entries to list otherwise
     // fieldCount, fieldCodes    for each code "|" and a text are added to the
@@ -116,7 +117,7 @@ public:
                                                 DWORD* elementCount, BrowseElement** elements, DWORD* elementCapacity,
                                                 CStringArray* extra) = 0;
 
-    // [lock] "Unknwow" once Init has opened an export, empty before.
+    // [lock] "Unknwow" once Init has returned 0, empty before.
     virtual CString GetHeaderName() = 0;
     // Empty texts.
     virtual CString GetInfoTextA() = 0;

@@ -149,4 +149,25 @@ TEST(BrowsePaging, JoinsToTheWholeListing)
     }
 }
 
+TEST(BrowsePaging, ResumesAmongEntriesThatDifferInCaseAlone)
+{
+    CLoadedExport plant("TYPE S STRUCT A INT @0 'x' A INT @2 'X' \"B|c\" INT @4 \"B|C\" INT @6 END VAR V S size 8");
+    ExpectPagesJoin(plant.table, {.path = "V", .fields = "C"});
+}
+
+// Listing a page makes the type names of all members upper case, also of those that the next page begins with.
+TEST(BrowsePaging, LosesNothingWhenAPageChangesTheNextEntry)
+{
+    CLoadedExport plant("TYPE Point STRUCT X INT @0 END TYPE S STRUCT A Point @0 B Point @2 C Point @4 END VAR V S");
+    std::string names;
+    std::string point;
+    do {
+        const HostPage page = plant.table.BrowsePage({.path = "V", .fields = "A"}, 1, point);
+        ASSERT_EQ(page.elements.size(), 1u);
+        names += page.elements[0].name + "; ";
+        point = page.continuation;
+    } while (!point.empty());
+    EXPECT_EQ(names, "A|U-Point (B:0 - O:0) ; B|U-POINT (B:0 - O:2) ; C|U-POINT (B:0 - O:4) ; ");
+}
+
 } // namespace

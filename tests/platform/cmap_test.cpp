@@ -175,7 +175,6 @@ TEST(CArray, GrowsAndTakesItsOwnItems)
     EXPECT_TRUE(names.IsEmpty());
 
     CWordArray words;
-    words.Reserve(3);
     words.Add(0xFFFF);
     EXPECT_EQ(words[0], 0xFFFF);
 }

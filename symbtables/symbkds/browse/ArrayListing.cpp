@@ -78,13 +78,12 @@ private:
 
     CString AddressField(std::uint32_t number) const
     {
-        constexpr std::int32_t kDirect = 1;
-        constexpr std::uint8_t kWholeValue = 0xFF;
         const BrowseTarget& target = request.target;
         const std::uint32_t offset = number * elementSize + target.offset;
         CString address;
-        request.symbolTable.FormatMemoryAddress(kDirect, target.block, offset, kWholeValue,
-                                                static_cast<std::int32_t>(elementSize), elementCode, address);
+        request.symbolTable.FormatMemoryAddress(AddressDescriptor::kDirect, target.block, offset,
+                                                AddressDescriptor::kNoBit, static_cast<std::int32_t>(elementSize),
+                                                elementCode, address);
         return MakeUnlocatedField(elementTypeName, target.block, offset, address);
     }
 

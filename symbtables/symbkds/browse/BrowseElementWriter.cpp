@@ -30,15 +30,25 @@ TaskText MakeTaskText(const CString& text)
     return wide;
 }
 
-// Whether an entry is the one that an earlier page named: the same name and the
-// same fields. The case of fields does not count, because listing a page makes
-// the type names shown in them upper case.
-bool IsSameEntry(const CString& entry, const CString& resumeAt)
+// Whether two entries differ in nothing but the case of their fields: listing a
+// page makes the type names that fields show upper case.
+bool DifferInFieldCase(const CString& entry, const CString& other)
 {
     const int nameEnd = entry.Find('|');
-    if (nameEnd < 0)
-        return entry == resumeAt;
-    return entry.CompareNoCase(resumeAt) == 0 && entry.Left(nameEnd) == resumeAt.Left(nameEnd);
+    return nameEnd >= 0 && entry.CompareNoCase(other) == 0 && entry.Left(nameEnd) == other.Left(nameEnd);
+}
+
+// The index of the entry that an earlier page named as the first of the next one; the count when there is none.
+int FindEntry(const CStringArray& entries, const CString& wanted)
+{
+    const int count = entries.GetSize();
+    for (int i = 0; i < count; ++i)
+        if (entries[i] == wanted)
+            return i;
+    for (int i = 0; i < count; ++i)
+        if (DifferInFieldCase(entries[i], wanted))
+            return i;
+    return count;
 }
 
 } // namespace
@@ -56,7 +66,6 @@ std::uint32_t CBrowseElementWriter::RoomLeft() const
 
 bool CBrowseElementWriter::EnsureElementCapacity(std::uint32_t candidates)
 {
-    targetIndex = *host.elementCount;
     const std::uint64_t needed = std::uint64_t{candidates} + targetIndex;
     const std::uint64_t capacity = *host.elements ? *host.elementCapacity : 0;
     if (HasLimit() || needed <= capacity)
@@ -114,13 +123,9 @@ bool CBrowseElementWriter::CutListing(const CString& entry)
 
 void CBrowseElementWriter::FillBrowseElements(const CStringArray& entries, const CWordArray& kinds)
 {
-    bool started = resumeAt.IsEmpty();
-    for (int i = 0; i < entries.GetSize(); ++i) {
-        started = started || IsSameEntry(entries[i], resumeAt);
-        const DWORD kind = i < kinds.GetSize() ? kinds[i] : BrowseElement::kLeaf;
-        if (started && AddBrowseElement(entries[i], kind))
+    for (int i = resumeAt.IsEmpty() ? 0 : FindEntry(entries, resumeAt); i < entries.GetSize(); ++i)
+        if (AddBrowseElement(entries[i], i < kinds.GetSize() ? kinds[i] : BrowseElement::kLeaf))
             return;
-    }
 }
 
 CString CBrowseElementWriter::BuildItemId(const CString& browsePath, const CString& parentId, const CString& entry)

@@ -34,8 +34,7 @@ public:
     std::uint32_t RoomLeft() const;
     bool HasLimit() const { return host.maxElements != 0; }
 
-    // Makes room for `candidates` more elements if there is no limit, and makes
-    // the first free index the target of the elements to come. False: out of memory.
+    // Makes room for `candidates` more elements if there is no limit. False: out of memory.
     bool EnsureElementCapacity(std::uint32_t candidates);
     // Adds an element. True when the listing must stop: the limit is reached, or memory is short.
     bool AddBrowseElement(const CString& entry, DWORD kind);
@@ -56,6 +55,6 @@ private:
     CString browsePath;
     CString parentId;
     CString resumeAt;
-    std::uint32_t targetIndex = 0;
+    std::uint32_t targetIndex; // where the next element goes
     HRESULT result = S_OK;
 };

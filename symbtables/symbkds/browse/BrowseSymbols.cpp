@@ -66,11 +66,10 @@ void CSymbXml::ListVariables(const BrowseOptions& options, CStringArray& names)
 
 CString CSymbXml::AddressOf(const CSymbXMLItemDef& variable) const
 {
-    constexpr std::int32_t kDirect = 1;
     if (!variable.topologicalAddress.IsEmpty())
         return variable.topologicalAddress;
     CString address;
-    FormatMemoryAddress(kDirect, variable.block, variable.offset, variable.extractBit,
+    FormatMemoryAddress(AddressDescriptor::kDirect, variable.block, variable.offset, variable.extractBit,
                         static_cast<std::int32_t>(variable.size), variable.typeCode, address);
     return address;
 }

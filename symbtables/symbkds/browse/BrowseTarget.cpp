@@ -27,7 +27,9 @@ HRESULT CSymbXml::FindBrowseTarget(LPCSTR browsePath, BrowseTarget& target)
     CString pathText(browsePath);
     if (!path.Analyse(pathText, 0))
         return E_INVALIDARG;
-    target.root = FindVariable(path.GetItem(0).name);
+    CString rootName;
+    path.GetItemName(0, rootName);
+    target.root = FindVariable(rootName);
     CSymbXMLDDTDef* rootDefinition = nullptr;
     if (!target.root || !types.FindTypeDef(target.root->typeName, rootDefinition))
         return E_INVALIDARG;

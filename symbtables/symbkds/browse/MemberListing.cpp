@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr std::uint8_t kWholeValue = 0xFF;
-
 // How listing a structure and listing a function block differ.
 struct MemberListingRules
 {
@@ -40,8 +38,8 @@ CString AddressField(const CSymbXMLDDTMember& member, const CString& typeName, c
     const std::uint32_t offset = request.target.offset + member.offset;
     CString address;
     request.symbolTable.FormatMemoryAddress(member.indirectionKind, static_cast<std::uint16_t>(block), offset,
-                                            kWholeValue, static_cast<std::int32_t>(member.size), member.typeCode,
-                                            address);
+                                            AddressDescriptor::kNoBit, static_cast<std::int32_t>(member.size),
+                                            member.typeCode, address);
     if (rules.addressReplacesPlace && !address.IsEmpty())
         return address;
     return MakeUnlocatedField(typeName, block, offset, address);

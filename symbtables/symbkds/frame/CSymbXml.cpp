@@ -38,10 +38,14 @@ void CSymbXml::SendTrace(const TraceMessage& message, std::initializer_list<CStr
 
 void CSymbXml::ReportException(const ExceptionMessages& phase, LPCSTR exceptionText)
 {
-    if (exceptionText)
-        SendTrace(phase.described, {sourcePath, exceptionText});
-    else
-        SendTrace(phase.plain, {sourcePath});
+    try {
+        if (exceptionText)
+            SendTrace(phase.described, {sourcePath, exceptionText});
+        else
+            SendTrace(phase.plain, {sourcePath});
+    } catch (const CMemoryException&) {
+        // Memory is too short even for the message: the phase ends without one.
+    }
 }
 
 CSymbXMLItemDef* CSymbXml::FindVariable(CString name) const

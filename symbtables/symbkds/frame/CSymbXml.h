@@ -24,7 +24,8 @@ struct WalkSource;
 //
 // Two dictionaries, filled by Init and emptied by destruction: the variables
 // and the derived types. In between nothing changes them, except that requests
-// register anonymous array types and upper-case stored type names. Every
+// register anonymous array types, upper-case stored type names and classify
+// members anew. Every
 // operation that touches them holds `lock`; operations below that say so expect
 // their caller to hold it.
 class CSymbXml : public CSymb

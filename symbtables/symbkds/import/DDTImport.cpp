@@ -92,12 +92,10 @@ void CSymbXml::BrowseAllDDTInCMap(WalkSource* source)
         LONG count = 0;
         if (FAILED(list->Count(&count)))
             count = 0;
-        for (LONG i = 0; i < count; ++i) {
-            CInterfacePtr<WalkElement> element;
-            list->Item(i, element.Put()); // a failure delivers no element
-            if (element)
-                reader.Read(*element.Get());
-        }
+        ForEachItem(*list.Get(), count, [&](WalkElement& element) {
+            reader.Read(element);
+            types.DropDisplaced(); // nobody stands on a definition between two types
+        });
     };
     RunGuarded(import, [this](LPCSTR text) { ReportException(messages::kDDTImportException, text); });
 }

@@ -87,18 +87,17 @@ void CSymbXml::BrowseAllDFBInCMap(WalkSource* source)
     const auto import = [&] {
         CDFBReader reader(types);
         CInterfacePtr<WalkList> list;
+        source->GetElementList(CBstr(OLESTR("FBSource")).Get(), list.Put());
         LONG count = 0;
-        source->GetElementList(CBstr(OLESTR("FBSource")).Get(), list.Put()); // no list: no types
-        if (list && FAILED(list->Count(&count)))
-            count = 0;
-        for (LONG i = 0; i < count; ++i) {
-            CInterfacePtr<WalkElement> element;
-            list->Item(i, element.Put()); // a failure delivers no element
-            if (element)
-                reader.Read(*element.Get(), [this](HRESULT result) {
-                    SendTrace(messages::kDFBParameterFailed, {sourcePath, HexText(result)});
-                });
-        }
+        if (!list || FAILED(list->Count(&count)))
+            return;
+        const auto report = [this](HRESULT result) {
+            SendTrace(messages::kDFBParameterFailed, {sourcePath, HexText(result)});
+        };
+        ForEachItem(*list.Get(), count, [&](WalkElement& element) {
+            reader.Read(element, report);
+            types.DropDisplaced(); // nobody stands on a definition between two types
+        });
     };
     // The caller learns of a failure too and leaves out what follows.
     RunGuarded(import, [this](LPCSTR text) {

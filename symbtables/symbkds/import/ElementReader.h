@@ -35,6 +35,18 @@ std::uint16_t AccessRightsFrom(std::int32_t requested);
 CString ReadAttribute(WalkElement& element, const CBstr& attribute);
 CString ReadChildText(WalkElement& element, const CBstr& tag);
 
+// Calls `read` with the first `count` elements of a list; a position that delivers none is passed over.
+template <class Read>
+void ForEachItem(WalkList& list, LONG count, Read&& read)
+{
+    for (LONG i = 0; i < count; ++i) {
+        CInterfacePtr<WalkElement> element;
+        list.Item(i, element.Put());
+        if (element)
+            read(*element.Get());
+    }
+}
+
 // When the value of a found property element is read.
 enum class ReadValue
 {

@@ -102,4 +102,5 @@ void CSymbXml::RemoveAllDFBMembers()
     for (const auto* pair = definitions.PGetFirstAssoc(); pair; pair = definitions.PGetNextAssoc(pair))
         if (pair->value->IsDFB())
             pair->value->RemoveDFBMembers(&types);
+    types.DropDisplaced();
 }

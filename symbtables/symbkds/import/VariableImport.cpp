@@ -90,14 +90,10 @@ void CSymbXml::BrowseAllItemInCMap(WalkElement* dataBlock)
         if (dataBlock->GetChildrenByName(CBstr(OLESTR("variables")).Get(), list.Put()) != S_OK || !list ||
             list->Count(&count) != S_OK)
             return;
-        for (LONG i = 0; i < count; ++i) {
-            CInterfacePtr<WalkElement> element;
-            list->Item(i, element.Put()); // a failure delivers no element
-            if (!element)
-                continue;
-            if (std::unique_ptr<CSymbXMLItemDef> variable = reader.Read(*element.Get()))
+        ForEachItem(*list.Get(), count, [&](WalkElement& element) {
+            if (std::unique_ptr<CSymbXMLItemDef> variable = reader.Read(element))
                 AddVariable(std::move(variable));
-        }
+        });
     };
     RunGuarded(import, [this](LPCSTR text) { ReportException(messages::kVariableImportException, text); });
 }
@@ -106,10 +102,6 @@ void CSymbXml::AddVariable(std::unique_ptr<CSymbXMLItemDef> variable)
 {
     CString key = variable->name;
     key.MakeUpper();
-    if (auto* present = variables.PLookup(key)) {
-        delete std::exchange(present->value, variable.release());
-        return;
-    }
-    variables.SetAt(key, variable.get());
-    static_cast<void>(variable.release()); // the dictionary's from here on
+    CSymbXMLItemDef*& present = variables[key]; // may fail, so it comes first
+    delete std::exchange(present, variable.release());
 }

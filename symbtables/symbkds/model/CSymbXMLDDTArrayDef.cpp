@@ -27,20 +27,24 @@ CSymbXMLDDTArrayDef::CSymbXMLDDTArrayDef(const CString& typeName, const ArrayDec
 
 bool CSymbXMLDDTArrayDef::IsArrayOf(std::uint32_t elementCode, MAPOFDDTDEF* types)
 {
+    const std::uint32_t innermost = InnermostElementCode(types);
+    return innermost != kUnclassifiedCode && innermost == elementCode;
+}
+
+std::uint32_t CSymbXMLDDTArrayDef::InnermostElementCode(MAPOFDDTDEF* types)
+{
     CSymbXMLDDTArrayDef* array = this;
     for (int link = 0; link < kMaxChain; ++link) {
         std::uint32_t size = 0;
-        std::uint32_t innerCode = 0;
-        if (ClassifyElementaryType(array->elementTypeName, size, innerCode))
-            return innerCode == elementCode;
+        std::uint32_t innermost = 0;
+        if (ClassifyElementaryType(array->elementTypeName, size, innermost))
+            return innermost;
         CSymbXMLDDTDef* element = nullptr;
-        if (!types->FindTypeDef(array->elementTypeName, element))
-            return false;
-        if (!element->IsArray())
-            return element->IsArrayOf(elementCode, types);
+        if (!types->FindTypeDef(array->elementTypeName, element) || !element->IsArray())
+            return kUnclassifiedCode;
         array = static_cast<CSymbXMLDDTArrayDef*>(element);
     }
-    return false;
+    return kUnclassifiedCode;
 }
 
 void CSymbXMLDDTArrayDef::SetTypeFromElementCode(std::uint32_t elementCode)

@@ -26,6 +26,8 @@ public:
     void RemoveDFBMembers(MAPOFDDTDEF*) override {}
     // A chain of more than kMaxChain array definitions, cyclic or not, is an array of nothing.
     bool IsArrayOf(std::uint32_t elementCode, MAPOFDDTDEF* types) override;
+    // The elementary type code at the end of the chain of arrays; unclassified when it ends in anything else.
+    std::uint32_t InnermostElementCode(MAPOFDDTDEF* types);
     void UpdateMemberTypes(MAPOFDDTDEF*) override { SetElementTypeName(CString(elementTypeName)); }
     bool Dump(CDumpLine& line) const override;
     bool IsConsistent(MAPOFDDTDEF*) const override { return false; }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/com/Variant.h"
-#include "platform/mfc/CArray.h"
 #include "platform/mfc/CString.h"
 #include "symb/AddressDescriptor.h"
 
@@ -9,7 +8,6 @@
 
 class CDumpLine;
 class CSymbKorvaAnalyser;
-class CSymbXMLDDTStructDef;
 class MAPOFDDTDEF;
 struct BrowseRequest;
 

@@ -78,19 +78,6 @@ const ElementaryType* FindElementaryTypeByCode(std::uint32_t typeCode)
     return found == std::end(kTypes) ? nullptr : found;
 }
 
-const std::array<const ElementaryType*, 9>& ArrayElementTypes()
-{
-    static const auto kOrdered = [] {
-        constexpr std::string_view kNames[] = {"EBOOL", "BOOL",  "WORD",  "UINT", "INT",
-                                               "DINT",  "UDINT", "DWORD", "REAL"};
-        std::array<const ElementaryType*, 9> ordered{};
-        std::ranges::transform(kNames, ordered.begin(),
-                               [](std::string_view name) { return FindElementaryType(name, NameCase::Exact); });
-        return ordered;
-    }();
-    return kOrdered;
-}
-
 bool ClassifyElementaryType(CString& typeName, std::uint32_t& sizeBytes, std::uint32_t& typeCode)
 {
     typeName.MakeUpper();

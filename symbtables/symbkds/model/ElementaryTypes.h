@@ -4,7 +4,6 @@
 #include "platform/com/Variant.h"
 #include "platform/mfc/CString.h"
 
-#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -31,9 +30,6 @@ const ElementaryType* FindElementaryType(std::string_view name, NameCase nameCas
 
 // The elementary type with this type code; null when there is none.
 const ElementaryType* FindElementaryTypeByCode(std::uint32_t typeCode);
-
-// The types that have an array code, in the order in which a definition is asked what it is an array of.
-const std::array<const ElementaryType*, 9>& ArrayElementTypes();
 
 // Whether `typeName` names an elementary type. Makes `typeName` upper case in
 // place; callers keep the changed name. On true `typeCode` and `sizeBytes` are

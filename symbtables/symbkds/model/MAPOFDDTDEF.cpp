@@ -44,10 +44,15 @@ bool MAPOFDDTDEF::IsDFBType(const CString& name)
     return FindTypeDef(name, definition) && definition->IsDFB();
 }
 
+void MAPOFDDTDEF::DropDisplaced()
+{
+    displaced.clear();
+}
+
 void MAPOFDDTDEF::RemoveAllTypeDefs()
 {
     for (const auto* pair = definitions.PGetFirstAssoc(); pair; pair = definitions.PGetNextAssoc(pair))
         delete pair->value;
     definitions.RemoveAll();
-    displaced.clear();
+    DropDisplaced();
 }

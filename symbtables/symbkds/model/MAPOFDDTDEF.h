@@ -25,7 +25,8 @@ public:
     virtual ~MAPOFDDTDEF();
 
     // Registers a definition under a name. One registered before under that
-    // name is found no more, but lives on: a caller further up may stand on it.
+    // name is found no more, but lives until DropDisplaced: a caller further up may
+    // stand on it.
     void AddTypeDef(const CString& name, std::unique_ptr<CSymbXMLDDTDef> definition);
     // Splits an array of two or more dimensions into a chain of one-dimensional
     // definitions and registers them, the inner ones under generated names, the
@@ -43,6 +44,8 @@ public:
     // In the order of first registration; an enumeration goes on while types are registered.
     const Definitions& GetDefinitions() const { return definitions; }
 
+    // Destroys the definitions whose names lead to others by now. No caller may hold one.
+    void DropDisplaced();
     // Destroys every definition.
     void RemoveAllTypeDefs();
 

@@ -1,6 +1,6 @@
 #include "symbkds/model/TypeClassifier.h"
 
-#include "symbkds/model/CSymbXMLDDTDef.h"
+#include "symbkds/model/CSymbXMLDDTArrayDef.h"
 #include "symbkds/model/MAPOFDDTDEF.h"
 #include "symbkds/model/TypeCodes.h"
 
@@ -9,9 +9,12 @@ ValueType ClassifyValueType(const CString& typeName, MAPOFDDTDEF& types, const C
     if (const ElementaryType* type = FindElementaryType(typeName.View(), rules.nameCase))
         return {type->typeCode, type->varType};
     CSymbXMLDDTDef* definition = nullptr;
-    if (types.FindTypeDef(typeName, definition))
-        for (const ElementaryType* element : ArrayElementTypes())
-            if (definition->IsArrayOf(element->typeCode, &types))
-                return {element->arrayCode, element->*rules.arrayVarType};
+    if (types.FindTypeDef(typeName, definition) && definition->IsArray()) {
+        // One walk down the chain tells what it would take nine questions to find out.
+        const std::uint32_t code = static_cast<CSymbXMLDDTArrayDef*>(definition)->InnermostElementCode(&types);
+        const ElementaryType* element = FindElementaryTypeByCode(code);
+        if (element && element->arrayCode != 0)
+            return {element->arrayCode, element->*rules.arrayVarType};
+    }
     return {kStructuredCode, rules.structuredVarType};
 }

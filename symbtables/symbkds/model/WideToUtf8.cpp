@@ -17,6 +17,13 @@ constexpr bool IsLowSurrogate(WCHAR unit)
 // Number of units at the start of `text` whose UTF-8 form fits; an unpaired surrogate takes three bytes.
 int FittingUnits(LPCWSTR text)
 {
+    constexpr int kMostBytesOfUnit = 3;
+    int shortText = 0;
+    while (shortText < kMaxUtf8Bytes / kMostBytesOfUnit && text[shortText])
+        ++shortText;
+    if (!text[shortText])
+        return shortText; // fits whatever its units are
+
     int bytes = 0;
     int units = 0;
     while (text[units]) {

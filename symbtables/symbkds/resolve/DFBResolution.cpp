@@ -5,7 +5,7 @@
 bool CSymbXMLDFBDef::ResolvePath(MAPOFDDTDEF* types, const CSymbKorvaAnalyser& path, int level, bool located,
                                  AddressDescriptor& descriptor, CString& typeName, CString& comment, CString& address)
 {
-    CSymbXMLDDTMember* parameter = members.Find(path.GetItem(level).name);
+    CSymbXMLDDTMember* parameter = FindMember(members, path, level);
     if (!parameter)
         return false;
     const ResolvedTexts texts{typeName, comment, address};

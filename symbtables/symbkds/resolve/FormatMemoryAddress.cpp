@@ -3,7 +3,6 @@
 
 namespace {
 
-constexpr std::uint8_t kWholeValue = 0xFF;
 constexpr int kBitsPerByte = 8;
 
 // Bytes from the start of an area to a location; all areas are measured by the word area's count.
@@ -16,7 +15,7 @@ void FormatWord(std::uint32_t number, bool upperByte, std::uint8_t bit, std::int
                 CString& text)
 {
     const int word = static_cast<int>(number);
-    if (bit != kWholeValue) {
+    if (bit != AddressDescriptor::kNoBit) {
         if (!upperByte)
             text.Format("%%MW%d.%d", word, int{bit});
         else if (bit < kBitsPerByte)

@@ -26,6 +26,12 @@ void CorrectArraySize(const CSymbXMLDDTDef& memberDefinition, const CString& res
 
 } // namespace
 
+CSymbXMLDDTMember* FindMember(const CMemberList& members, const CSymbKorvaAnalyser& path, int level)
+{
+    CString name;
+    return path.GetItemName(level, name) ? members.Find(name) : nullptr;
+}
+
 void MoveInto(AddressDescriptor& descriptor, bool located, std::uint32_t offsetBytes, std::uint32_t sizeBytes)
 {
     if (located) {
@@ -69,7 +75,7 @@ bool FindDefinitionBelowMember(const CMemberList& members, const CSymbKorvaAnaly
                                MAPOFDDTDEF* types, CSymbXMLDDTDef*& found, std::uint16_t& block, std::uint32_t& offset,
                                std::uint32_t& size)
 {
-    CSymbXMLDDTMember* member = members.Find(path.GetItem(level).name);
+    CSymbXMLDDTMember* member = FindMember(members, path, level);
     std::uint32_t elementarySize = 0;
     std::uint32_t typeCode = 0;
     CSymbXMLDDTDef* definition = nullptr;

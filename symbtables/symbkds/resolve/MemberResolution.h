@@ -15,6 +15,9 @@ struct ResolvedTexts
     CString& address;
 };
 
+// The member that a level of the path names; null when there is none.
+CSymbXMLDDTMember* FindMember(const CMemberList& members, const CSymbKorvaAnalyser& path, int level);
+
 // Moves the descriptor to a value `offsetBytes` into the one it describes. An
 // unlocated one keeps its offset; its relative offset and size say where the value is.
 void MoveInto(AddressDescriptor& descriptor, bool located, std::uint32_t offsetBytes, std::uint32_t sizeBytes);

@@ -129,7 +129,8 @@ HRESULT CSymbXml::ResolvePlainName(const CSymbKorvaAnalyser& path, const CString
 
 HRESULT CSymbXml::ResolveCompoundPath(const CSymbKorvaAnalyser& path, ResolvedSymbol& symbol)
 {
-    const CString& rootName = path.GetItem(0).name;
+    CString rootName;
+    path.GetItemName(0, rootName);
     const CSymbXMLItemDef* variable = FindVariable(rootName);
     if (!variable) {
         SendTrace(messages::kRootNotFound, {sourcePath, rootName});

@@ -6,7 +6,7 @@ bool CSymbXMLDDTStructDef::ResolvePath(MAPOFDDTDEF* types, const CSymbKorvaAnaly
                                        AddressDescriptor& descriptor, CString& typeName, CString& comment,
                                        CString& address)
 {
-    CSymbXMLDDTMember* member = members.Find(path.GetItem(level).name);
+    CSymbXMLDDTMember* member = FindMember(members, path, level);
     if (!member)
         return false;
     const ResolvedTexts texts{typeName, comment, address};
