@@ -33,6 +33,15 @@ bool CSymbXMLDDTArrayDef::IsArrayOf(std::uint32_t elementCode, MAPOFDDTDEF* type
 
 std::uint32_t CSymbXMLDDTArrayDef::InnermostElementCode(MAPOFDDTDEF* types)
 {
+    if (innermostRevision != types->GetRevision()) {
+        innermostCode = WalkToInnermostCode(types);
+        innermostRevision = types->GetRevision(); // the walk may have registered arrays
+    }
+    return innermostCode;
+}
+
+std::uint32_t CSymbXMLDDTArrayDef::WalkToInnermostCode(MAPOFDDTDEF* types)
+{
     CSymbXMLDDTArrayDef* array = this;
     for (int link = 0; link < kMaxChain; ++link) {
         std::uint32_t size = 0;
@@ -65,6 +74,7 @@ void CSymbXMLDDTArrayDef::SetTypeFromElementCode(std::uint32_t elementCode)
 void CSymbXMLDDTArrayDef::SetElementTypeName(const CString& newElementTypeName)
 {
     elementTypeName = newElementTypeName;
+    innermostRevision = kNoRevision;
     const ElementaryType* element = FindElementaryType(newElementTypeName.View(), NameCase::Ignored);
     typeCode = element ? element->definitionCode : kUnclassifiedCode;
     elementVarType = element ? element->varType : static_cast<VARTYPE>(VT_EMPTY);

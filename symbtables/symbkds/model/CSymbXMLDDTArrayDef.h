@@ -63,4 +63,12 @@ public:
     std::array<ArrayBounds, ArrayDeclaration::kMaxDimensions> bounds;
     std::uint32_t typeCode; // an array code, structured or unclassified
     VARTYPE elementVarType = VT_EMPTY;
+
+private:
+    std::uint32_t WalkToInnermostCode(MAPOFDDTDEF* types);
+
+    // The last answer of InnermostElementCode and the revision of the dictionary it holds for.
+    static constexpr std::uint64_t kNoRevision = ~std::uint64_t{0};
+    std::uint32_t innermostCode = 0;
+    std::uint64_t innermostRevision = kNoRevision;
 };

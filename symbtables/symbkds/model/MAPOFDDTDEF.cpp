@@ -20,6 +20,7 @@ MAPOFDDTDEF::~MAPOFDDTDEF()
 
 void MAPOFDDTDEF::AddTypeDef(const CString& name, std::unique_ptr<CSymbXMLDDTDef> definition)
 {
+    ++revision;
     CString key = name;
     key.MakeUpper();
     if (auto* present = definitions.PLookup(key)) {

@@ -2,6 +2,7 @@
 
 #include "platform/mfc/CMap.h"
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -41,6 +42,8 @@ public:
     bool IsDerivedType(const CString& name);
     bool IsDFBType(const CString& name);
 
+    // Grows with every registration: what was found out under one revision holds until the next.
+    std::uint64_t GetRevision() const { return revision; }
     // In the order of first registration; an enumeration goes on while types are registered.
     const Definitions& GetDefinitions() const { return definitions; }
 
@@ -55,5 +58,6 @@ private:
 
     CSymbXml* owner;
     Definitions definitions; // upper-case name to definition
+    std::uint64_t revision = 0;
     std::vector<std::unique_ptr<CSymbXMLDDTDef>> displaced;
 };
