@@ -27,7 +27,10 @@ target_compile_options(project_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wcast-qual -Wformat=2
     -Wnon-virtual-dtor -Woverloaded-virtual -Wundef -Wimplicit-fallthrough
     # g++ 12 sees overlaps inside its own std::string that are none.
-    -Wno-restrict
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    # clang, which builds the fuzzers, also means a nested class's parameter beside an outer field, and a stack's
+    # address that is only a number.
+    $<$<CXX_COMPILER_ID:Clang>:-Wno-shadow;-Wno-return-stack-address>
     -Werror)
 
 if(WIN32)
@@ -38,7 +41,7 @@ if(WIN32)
         -Wno-cast-function-type
         # The system's headers declare `byte` and the like at namespace level.
         -Wno-shadow)
-    include(WindowsProgram)
+    include(WindowsRuntime)
 endif()
 
 # Host, plug-in and tests describe one object by interfaces of their own, so the
@@ -50,6 +53,11 @@ elseif(SYMBKDS_SANITIZE STREQUAL "thread")
     set(sanitizer_flags -fsanitize=thread -fno-omit-frame-pointer)
 else()
     set(sanitizer_flags)
+endif()
+# Everything tells the fuzzers what it runs through; only they themselves have libFuzzer's main. clang compares the
+# types of functions too.
+if(SYMBKDS_FUZZ)
+    list(APPEND sanitizer_flags -fsanitize=fuzzer-no-link -fno-sanitize=function)
 endif()
 target_compile_options(project_options INTERFACE ${sanitizer_flags})
 target_link_options(project_options INTERFACE ${sanitizer_flags})

@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # Installs from Debian's packages what is missing to build and check the project.
 #
-#   scripts/bootstrap.sh [group...]      groups: build, check; without any: both
+#   scripts/bootstrap.sh [group...]      groups: build, check, windows, wine; without any: the first two
 #
 # Does nothing, and needs no rights, when everything is there. Otherwise it must
 # run as root on a Debian or a system like it.
 set -euo pipefail
 
-# group, package, and what tells that it is there: a command or a header.
+# group, package, and what tells that it is there: a command, a header or a file.
 requirements() {
     cat <<'TABLE'
 build g++                command:g++
@@ -23,12 +23,19 @@ check binutils           command:nm
 check python3            command:python3
 check clang-format       command:clang-format
 check clang-tidy         command:run-clang-tidy
+windows g++-mingw-w64-i686-posix command:i686-w64-mingw32-g++-posix
+windows googletest       file:/usr/src/googletest/CMakeLists.txt
+windows dpkg-dev         command:dpkg-source
+windows python3          command:python3
+windows clang            command:clang++
+wine debootstrap         command:debootstrap
 TABLE
 }
 
 is_present() {
     case $1 in
         command:*) command -v "${1#command:}" >/dev/null ;;
+        file:*) [[ -e ${1#file:} ]] ;;
         header:*) g++ -E -x c++ -include "${1#header:}" /dev/null >/dev/null 2>&1 ;;
     esac
 }

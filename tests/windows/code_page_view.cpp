@@ -3,6 +3,7 @@
 //   code_page_view EXPORT
 //
 // Narrow bytes above 0x7E are printed as \xNN, UTF-16 units above 0x7E as \uNNNN.
+#include "platform/com/TaskMemory.h"
 #include "platform/win32/CodePage.h"
 #include "support/HostView.h"
 #include "support/RecordingSink.h"
@@ -50,7 +51,8 @@ LPCWSTR TextAt(const CHostElements& elements, DWORD element, std::size_t offset)
                                              offset);
 }
 
-// One page of at most `limit` elements; returns the point at which the next one begins, to be freed by nobody here.
+// One page of at most `limit` elements; returns the point at which the next one begins, null when there is none. The
+// caller frees it.
 LPWSTR ShowPage(const CHostTable& table, DWORD limit, LPWSTR point)
 {
     CHostElements elements(limit);
@@ -100,7 +102,9 @@ int main(int argc, char** argv)
     // A host that turns the name it was given back into narrow text, as most do.
     if (all.count > 1)
         ShowLookup(table, ToCodePage(TextAt(all, 1, 0)));
-    if (const LPWSTR next = ShowPage(table, 1, nullptr))
-        ShowPage(table, 2, next);
+    const LPWSTR next = ShowPage(table, 1, nullptr);
+    if (next)
+        CoTaskMemFree(ShowPage(table, 2, next));
+    CoTaskMemFree(next);
     return 0;
 }

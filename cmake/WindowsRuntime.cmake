@@ -1,5 +1,3 @@
-# What programs need beside them on Windows.
-
 # The runtime of the compiler in libraries of their own: linked into each module instead, an exception of one could
 # not be caught in another.
 set(runtime_files)
@@ -18,9 +16,3 @@ add_custom_target(windows_runtime ALL
     COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
     COMMAND ${CMAKE_COMMAND} -E copy_if_different ${runtime_files} ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
     COMMENT "Copying the compiler's runtime")
-
-# Puts a manifest beside the program that leads it to the component where that is not registered.
-function(add_program_manifest target)
-    configure_file(${CMAKE_SOURCE_DIR}/cmake/program.manifest
-        ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${target}.exe.manifest @ONLY)
-endfunction()
