@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvaproservices/CChildAttributes.h"
 #include "korvaproservices/CFreeList.h"
 #include "korvaproservices/CModuleReference.h"
 #include "korvaproservices/KorvaProServices.h"
@@ -36,6 +37,8 @@ public:
     // A list whose selection is still to be set.
     CInterfacePtr<CElementList> MakeList();
 
+    CChildAttributes& ChildAttributes() { return childAttributes; }
+
     // Take back what nobody refers to any more. The document may be gone afterwards.
     void Recycle(CElement* element) noexcept;
     void Recycle(CElementList* list) noexcept;
@@ -47,6 +50,7 @@ private:
     CModuleReference moduleReference;
     std::size_t references = 1; // the loader's, and one for each element and list in use
     pugi::xml_document xml;
+    CChildAttributes childAttributes;
     CFreeList<CElement> idleElements;
     CFreeList<CElementList> idleLists;
 };

@@ -5,6 +5,8 @@
 #include "korvaproservices/Guarded.h"
 #include "korvaproservices/Text.h"
 
+#include <string>
+
 namespace {
 
 // The text and CDATA children, joined. The first text is the node's own value
@@ -25,6 +27,26 @@ BSTR MakeTextOf(pugi::xml_node element)
         joined += child.value();
     }
     return MakeBstr(joined.empty() ? text : joined.c_str());
+}
+
+// The first child element of that name; a null node when there is none.
+pugi::xml_node FindChild(pugi::xml_node element, BSTR tag)
+{
+    const std::basic_string_view<OLECHAR> wanted = ViewOf(tag);
+    for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling())
+        if (EqualsUtf16(child.name(), wanted) && child.type() == pugi::node_element)
+            return child;
+    return {};
+}
+
+// The attribute of that name; a null one when there is none.
+pugi::xml_attribute FindAttribute(pugi::xml_node element, BSTR name)
+{
+    const std::basic_string_view<OLECHAR> wanted = ViewOf(name);
+    pugi::xml_attribute attribute = element.first_attribute();
+    while (attribute && !EqualsUtf16(attribute.name(), wanted))
+        attribute = attribute.next_attribute();
+    return attribute;
 }
 
 } // namespace
@@ -61,12 +83,12 @@ HRESULT CElement::GetText(BSTR* text)
 
 HRESULT CElement::GetChildText(BSTR tag, BSTR* text)
 {
-    return Deliver(text, [&] { return MakeTextOf(node.child(ToUtf8(tag).c_str())); });
+    return Deliver(text, [&] { return MakeTextOf(FindChild(node, tag)); });
 }
 
 HRESULT CElement::GetAttribute(BSTR name, BSTR* value)
 {
-    return Deliver(value, [&] { return MakeBstr(node.attribute(ToUtf8(name).c_str()).value()); });
+    return Deliver(value, [&] { return MakeBstr(FindAttribute(node, name).value()); });
 }
 
 HRESULT CElement::GetChildren(WalkList** list)
@@ -96,7 +118,7 @@ HRESULT CElement::SelectChildren(BSTR tag, BSTR attribute, BSTR value, WalkList*
 {
     return Deliver(list, [&] {
         CInterfacePtr<CElementList> made = document.MakeList();
-        made->Selection().SetChildrenByAttribute(node, tag, attribute, value);
+        document.ChildAttributes().Select(node, tag, attribute, value, made->Collection());
         return made.Detach();
     });
 }

@@ -6,10 +6,16 @@
 #include <limits>
 #include <utility>
 
+namespace {
+
+constexpr std::size_t kMostKeptNodes = 64; // an idle list must not keep a large selection
+
+} // namespace
+
 void CElementList::Begin() noexcept
 {
     references.Reset();
-    started = false;
+    delivered = 0;
     isCollected = false;
 }
 
@@ -34,7 +40,8 @@ ULONG CElementList::Release()
 {
     const ULONG left = references.Decrement();
     if (left == 0) {
-        std::vector<pugi::xml_node>().swap(collected); // an idle list must not keep a large selection
+        if (collected.capacity() > kMostKeptNodes)
+            std::vector<pugi::xml_node>().swap(collected);
         document.Recycle(this);
     }
     return left;
@@ -44,12 +51,21 @@ HRESULT CElementList::Next(WalkElement** element)
 {
     return Deliver(element, [&] {
         // Moved only when the element could be made: a call that failed can be repeated.
-        const pugi::xml_node next = selection.After(started ? position : selection.Start());
+        const pugi::xml_node next = Upcoming();
         WalkElement* made = document.MakeElement(next);
-        started = true;
-        position = next;
+        if (made) {
+            ++delivered;
+            position = next;
+        }
         return made;
     });
+}
+
+pugi::xml_node CElementList::Upcoming() const
+{
+    if (isCollected)
+        return delivered < collected.size() ? collected[delivered] : pugi::xml_node();
+    return selection.After(delivered > 0 ? position : selection.Start());
 }
 
 HRESULT CElementList::Item(LONG index, WalkElement** element)

@@ -7,16 +7,15 @@
 #include <string>
 
 // Which elements a list delivers: children of an element or elements of the
-// whole document, by tag and attribute.
+// whole document, all of them or those with one tag.
 //
 // Nothing is collected: the caller walks from Start() with After() until a null
-// node. Set anew for each use; the texts keep their memory between uses.
+// node. Set anew for each use; the text keeps its memory between uses.
 class CSelection
 {
 public:
     void SetChildren(pugi::xml_node parent);
     void SetChildrenByTag(pugi::xml_node parent, BSTR tag);
-    void SetChildrenByAttribute(pugi::xml_node parent, BSTR tag, BSTR attribute, BSTR value);
     void SetDescendants(pugi::xml_node document, BSTR tag);
 
     // The position in front of the first selected element.
@@ -29,17 +28,14 @@ private:
     {
         children,
         childrenByTag,
-        childrenByAttribute,
         descendants
     };
 
-    pugi::xml_node Step(pugi::xml_node position) const;
+    pugi::xml_node DescendantAfter(pugi::xml_node position) const;
     bool Matches(pugi::xml_node node) const;
-    bool HasWantedAttribute(pugi::xml_node node) const;
+    bool IsWantedElement(pugi::xml_node node) const;
 
     Kind kind = Kind::children;
     pugi::xml_node root;
-    std::string wantedTag;
-    std::string wantedAttribute;
-    std::string wantedValue;
+    std::basic_string<OLECHAR> wantedTag;
 };

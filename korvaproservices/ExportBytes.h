@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/win32/LargePages.h"
+
 #include <pugixml.hpp>
 
 #include <cstddef>
@@ -21,6 +23,7 @@ struct CExportBytes
     {
         if (!block)
             throw std::bad_alloc();
+        PreferLargePages(block.get(), length);
     }
 
     std::unique_ptr<char, CFree> block;

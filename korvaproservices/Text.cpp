@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdint>
 #include <cstring>
 #include <new>
+#include <string>
 
 namespace {
 
@@ -26,56 +28,41 @@ BSTR AllocateUnits(int units)
     return text;
 }
 
-std::size_t LeadingAscii(const char* text)
+bool IsAscii(const char* text, std::size_t length)
 {
-    std::size_t length = 0;
-    while (text[length] != '\0' && static_cast<unsigned char>(text[length]) < 0x80)
-        ++length;
-    return length;
-}
-
-void ConvertToUtf8(std::string& utf8, BSTR text, int units)
-{
-    const int bytes = WideCharToMultiByte(CP_UTF8, 0, text, units, nullptr, 0, nullptr, nullptr);
-    utf8.resize(static_cast<std::size_t>(bytes));
-    WideCharToMultiByte(CP_UTF8, 0, text, units, utf8.data(), bytes, nullptr, nullptr);
-    std::replace(utf8.begin(), utf8.end(), '\0', '\xFF'); // a byte that UTF-8 never uses
+    std::uint64_t bits = 0;
+    for (; length >= sizeof bits; length -= sizeof bits, text += sizeof bits) {
+        std::uint64_t word;
+        std::memcpy(&word, text, sizeof word);
+        bits |= word;
+    }
+    for (; length > 0; --length)
+        bits |= static_cast<unsigned char>(*text++);
+    return (bits & 0x8080808080808080U) == 0;
 }
 
 } // namespace
 
 BSTR MakeBstr(const char* text)
 {
-    const std::size_t ascii = LeadingAscii(text);
-    if (text[ascii] == '\0') {
-        BSTR wide = AllocateUnits(CheckedLength(ascii));
-        std::copy_n(text, ascii, wide);
+    const std::size_t length = std::strlen(text);
+    const int bytes = CheckedLength(length);
+    if (IsAscii(text, length)) {
+        BSTR wide = AllocateUnits(bytes);
+        std::copy_n(text, length, wide);
         return wide;
     }
-    const int bytes = CheckedLength(ascii + std::strlen(text + ascii));
     const int units = MultiByteToWideChar(CP_UTF8, 0, text, bytes, nullptr, 0);
     BSTR wide = AllocateUnits(units);
     MultiByteToWideChar(CP_UTF8, 0, text, bytes, wide, units);
     return wide;
 }
 
-void AssignUtf8(std::string& utf8, BSTR text)
+bool EqualsConverted(const char* utf8, std::basic_string_view<OLECHAR> utf16)
 {
-    const UINT units = SysStringLen(text);
-    utf8.resize(units);
-    char* const narrow = utf8.data();
-    UINT ascii = 0;
-    while (ascii < units && text[ascii] != 0 && text[ascii] < 0x80) {
-        narrow[ascii] = static_cast<char>(text[ascii]);
-        ++ascii;
-    }
-    if (ascii < units)
-        ConvertToUtf8(utf8, text, CheckedLength(units));
-}
-
-std::string ToUtf8(BSTR text)
-{
-    std::string utf8;
-    AssignUtf8(utf8, text);
-    return utf8;
+    const int units = CheckedLength(utf16.size());
+    const int bytes = WideCharToMultiByte(CP_UTF8, 0, utf16.data(), units, nullptr, 0, nullptr, nullptr);
+    std::string converted(static_cast<std::size_t>(bytes), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, utf16.data(), units, converted.data(), bytes, nullptr, nullptr);
+    return converted == utf8; // false for one with a null, which no text of the document has
 }

@@ -3,15 +3,32 @@
 
 #include "platform/com/Bstr.h"
 
-#include <string>
+#include <string_view>
 
 // A new text from UTF-8; each ill-formed sequence becomes U+FFFD. Never null:
 // raises std::bad_alloc when memory is short.
 BSTR MakeBstr(const char* text);
 
-// Stores `text`, null counting as empty, in `utf8`, which keeps its memory
-// between uses. What cannot stand in a document (a null unit, half a surrogate
-// pair) is replaced and then equals no text of a well-formed one.
-void AssignUtf8(std::string& utf8, BSTR text);
+// Null counts as empty.
+inline std::basic_string_view<OLECHAR> ViewOf(BSTR text)
+{
+    return text ? std::basic_string_view<OLECHAR>(text, SysStringLen(text)) : std::basic_string_view<OLECHAR>();
+}
 
-std::string ToUtf8(BSTR text);
+// EqualsUtf16 for any text. May raise std::bad_alloc.
+bool EqualsConverted(const char* utf8, std::basic_string_view<OLECHAR> utf16);
+
+// Whether a text of the document is `utf16`. A text with a null unit equals
+// none; half a surrogate pair counts as U+FFFD. May raise std::bad_alloc.
+inline bool EqualsUtf16(const char* utf8, std::basic_string_view<OLECHAR> utf16)
+{
+    // Names are nearly always ASCII and mostly differ in the first letter.
+    const char* at = utf8;
+    for (const OLECHAR unit : utf16) {
+        if (unit == 0 || unit >= 0x80)
+            return EqualsConverted(utf8, utf16);
+        if (static_cast<unsigned char>(*at++) != unit)
+            return false;
+    }
+    return *at == '\0';
+}

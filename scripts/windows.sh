@@ -273,7 +273,7 @@ groups=(build windows)
 [[ ${1:-} == build ]] || groups+=(wine)
 must "installation" bash scripts/bootstrap.sh "${groups[@]}"
 mirror=$(archive)
-mirror=${mirror:-http://deb.debian.org/debian}
+[[ -n $mirror ]] || must "archive of Debian bookworm" false
 must "sources of pugixml" fetch_pugixml
 must "build" build_windows
 must "host of another compiler" build_other_host

@@ -1,0 +1,16 @@
+// Measures the library beside floors that are measured in the same run; see docs/performance.md.
+#include "bench/LoadProcess.h"
+#include "bench/TargetTable.h"
+
+int main(int argc, char** argv)
+{
+    if (RunLoadProcess(argc - 1, argv + 1))
+        return 0;
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    CResultKeeper results;
+    benchmark::RunSpecifiedBenchmarks(&results);
+    results.PrintTargets();
+    return 0;
+}
