@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
 # Installs from Debian's packages what is missing to build and check the project.
 #
-#   scripts/bootstrap.sh [group...]      groups: build, check, windows, wine; without any: the first two
+#   scripts/bootstrap.sh [group...]      groups: build, check, fuzz, windows, wine, bench; without any: the first three
 #
 # Does nothing, and needs no rights, when everything is there. Otherwise it must
 # run as root on a Debian or a system like it.
 set -euo pipefail
 
-# group, package, and what tells that it is there: a command, a header or a file.
+# group, package, and what tells that it is there: a command, a header, a file, or clang's fuzzer.
 requirements() {
     cat <<'TABLE'
 build g++                command:g++
@@ -23,12 +23,15 @@ check binutils           command:nm
 check python3            command:python3
 check clang-format       command:clang-format
 check clang-tidy         command:run-clang-tidy
+fuzz clang               command:clang++
+fuzz libclang-rt-14-dev  fuzzer:
 windows g++-mingw-w64-i686-posix command:i686-w64-mingw32-g++-posix
 windows googletest       file:/usr/src/googletest/CMakeLists.txt
 windows dpkg-dev         command:dpkg-source
 windows python3          command:python3
 windows clang            command:clang++
 wine debootstrap         command:debootstrap
+bench libbenchmark-dev   header:benchmark/benchmark.h
 TABLE
 }
 
@@ -36,11 +39,12 @@ is_present() {
     case $1 in
         command:*) command -v "${1#command:}" >/dev/null ;;
         file:*) [[ -e ${1#file:} ]] ;;
+        fuzzer:) compgen -G '/usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-*.a' >/dev/null ;;
         header:*) g++ -E -x c++ -include "${1#header:}" /dev/null >/dev/null 2>&1 ;;
     esac
 }
 
-groups=${*:-build check}
+groups=${*:-build check fuzz}
 missing=()
 while read -r group package probe; do
     if [[ " $groups " == *" $group "* ]] && ! is_present "$probe"; then

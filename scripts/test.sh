@@ -99,10 +99,17 @@ fi
 if step "tsan build" build tsan; then
     run_tests tsan --tests-regex Threads
 fi
+# Allocations that fail, and a long run: without the sanitizers, which have an allocator of their own.
+if step "dev build" build dev faults_tests; then
+    run_tests dev --tests-regex Faults
+fi
 if step "release build" build release symbkds symbhost; then
     run_tests release --tests-regex ExportTable
     step "clang-tidy" check_tidy || true
 fi
+
+# The inputs kept for the fuzzers, once each: what random input finds is for scripts/fuzz.sh, not for a build.
+step "fuzz corpus" bash scripts/fuzz.sh 0 || true
 
 echo "$passed passed, $failed failed"
 ((failed == 0))

@@ -206,9 +206,9 @@ compare_dump() {
 compare_host() {
     local host=$1 plant=examples/plant.kds
     compare "$host" info $plant
-    compare "$host" resolve $plant W1 W1.5 start ALARM_LEVEL_LOW FLOW_SETPOINT MOTOR1.SPEED 'TAB[3].X' 'M[1][2]' \
-        'UNIT1.PUMP[2].DRIVE.CURRENT' 'SHIFT_SLOTS[1][2][-1]' 'ALARM_WORDS[2].7' PID1.SP PID1.PARA.GAIN \
-        LEVEL_TANK1 MOTOR9 W1.16 'TAB[10].X'
+    compare "$host" resolve $plant W1 W1.5 start ALARM_LEVEL_LOW FLOW_SETPOINT MOTOR1.SPEED 'HEAD_CURVE[3].X' 'M[1][2]' \
+        'UNIT1.PUMP[2].DRIVE.CURRENT' 'SHIFT_SLOTS[1][2][-1]' 'TAB[3].5' PID1.SP PID1.PARA.GAIN \
+        LEVEL_TANK1 MOTOR9 W1.16 'TAB[8]'
     compare "$host" resolve --json $plant MOTOR1.SPEED UNIT1 W1.5 MOTOR9
     compare "$host" browse $plant --tree --depth 16
     compare "$host" browse $plant --json

@@ -170,4 +170,13 @@ TEST(BrowsePaging, LosesNothingWhenAPageChangesTheNextEntry)
     EXPECT_EQ(names, "A|U-Point (B:0 - O:0) ; B|U-POINT (B:0 - O:2) ; C|U-POINT (B:0 - O:4) ; ");
 }
 
+// Longer than any text of an export: fields stand behind the name.
+TEST(BrowsePaging, ResumesAtAnEntryOfAnyLength)
+{
+    const std::string comment = "'" + std::string(1000, 'c') + "'";
+    CLoadedExport plant("TYPE S STRUCT A INT @0 " + comment + " B INT @2 " + comment + " C INT @4 " + comment +
+                        " END VAR V S");
+    ExpectPagesJoin(plant.table, {.path = "V", .fields = "CAC"});
+}
+
 } // namespace

@@ -4,6 +4,7 @@
 #include "platform/win32/CodePage.h"
 #include "symbkds/model/WideToUtf8.h"
 
+#include <algorithm>
 #include <limits>
 #include <memory>
 
@@ -38,15 +39,24 @@ bool DifferInFieldCase(const CString& entry, const CString& other)
     return nameEnd >= 0 && entry.CompareNoCase(other) == 0 && entry.Left(nameEnd) == other.Left(nameEnd);
 }
 
+// An entry as it comes back as a continuation point: cut to the whole characters that fit.
+CString AsContinuationPoint(const CString& entry)
+{
+    int end = std::min(entry.GetLength(), kMaxUtf8Bytes);
+    while (end > 0 && end < entry.GetLength() && (entry.GetAt(end) & 0xC0) == 0x80)
+        --end;
+    return entry.Left(end);
+}
+
 // The index of the entry that an earlier page named as the first of the next one; the count when there is none.
 int FindEntry(const CStringArray& entries, const CString& wanted)
 {
     const int count = entries.GetSize();
     for (int i = 0; i < count; ++i)
-        if (entries[i] == wanted)
+        if (AsContinuationPoint(entries[i]) == wanted)
             return i;
     for (int i = 0; i < count; ++i)
-        if (DifferInFieldCase(entries[i], wanted))
+        if (DifferInFieldCase(AsContinuationPoint(entries[i]), wanted))
             return i;
     return count;
 }
