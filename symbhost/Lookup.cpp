@@ -53,7 +53,7 @@ LookupAnswer LookUp(CSymb& table, CConsoleSink& sink, const std::string& name)
     const DescriptorHolder descriptorHolder(descriptor);
     const PropertiesHolder propertiesHolder(properties);
     symbol.message = sink.TakeCollected();
-    if (!symbol.IsResolved())
+    if (!symbol.IsResolved() || !descriptor)
         return symbol;
     symbol.address = address;
     symbol.comment = comment;
