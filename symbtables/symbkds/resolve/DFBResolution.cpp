@@ -34,8 +34,5 @@ bool CSymbXMLDFBDef::FindDefinitionAtPath(const CSymbKorvaAnalyser& path, int le
                                           CSymbXMLDDTDef*& found, std::uint16_t& block, std::uint32_t& offset,
                                           std::uint32_t& size)
 {
-    if (level <= path.GetLastIndex())
-        return FindDefinitionBelowMember(members, path, level, types, found, block, offset, size);
-    found = this;
-    return true;
+    return FindDefinitionAmongMembers(*this, members, path, level, types, found, block, offset, size);
 }

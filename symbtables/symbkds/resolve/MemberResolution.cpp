@@ -71,10 +71,14 @@ bool ResolveBelowMember(const CSymbXMLDDTMember& member, MAPOFDDTDEF* types, con
     return resolved;
 }
 
-bool FindDefinitionBelowMember(const CMemberList& members, const CSymbKorvaAnalyser& path, int level,
-                               MAPOFDDTDEF* types, CSymbXMLDDTDef*& found, std::uint16_t& block, std::uint32_t& offset,
-                               std::uint32_t& size)
+bool FindDefinitionAmongMembers(CSymbXMLDDTDef& self, const CMemberList& members, const CSymbKorvaAnalyser& path,
+                                int level, MAPOFDDTDEF* types, CSymbXMLDDTDef*& found, std::uint16_t& block,
+                                std::uint32_t& offset, std::uint32_t& size)
 {
+    if (level > path.GetLastIndex()) {
+        found = &self;
+        return true;
+    }
     CSymbXMLDDTMember* member = FindMember(members, path, level);
     std::uint32_t elementarySize = 0;
     std::uint32_t typeCode = 0;

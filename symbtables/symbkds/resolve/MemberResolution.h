@@ -33,7 +33,7 @@ void DescribeMember(const CSymbXMLDDTMember& member, std::uint32_t typeCode, Add
 bool ResolveBelowMember(const CSymbXMLDDTMember& member, MAPOFDDTDEF* types, const CSymbKorvaAnalyser& path, int level,
                         bool located, AddressDescriptor& descriptor, ResolvedTexts texts);
 
-// FindDefinitionAtPath of a definition with members.
-bool FindDefinitionBelowMember(const CMemberList& members, const CSymbKorvaAnalyser& path, int level,
-                               MAPOFDDTDEF* types, CSymbXMLDDTDef*& found, std::uint16_t& block, std::uint32_t& offset,
-                               std::uint32_t& size);
+// FindDefinitionAtPath of `self`, a definition with members.
+bool FindDefinitionAmongMembers(CSymbXMLDDTDef& self, const CMemberList& members, const CSymbKorvaAnalyser& path,
+                                int level, MAPOFDDTDEF* types, CSymbXMLDDTDef*& found, std::uint16_t& block,
+                                std::uint32_t& offset, std::uint32_t& size);

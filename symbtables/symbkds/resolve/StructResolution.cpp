@@ -32,8 +32,5 @@ bool CSymbXMLDDTStructDef::FindDefinitionAtPath(const CSymbKorvaAnalyser& path, 
                                                 CSymbXMLDDTDef*& found, std::uint16_t& block, std::uint32_t& offset,
                                                 std::uint32_t& size)
 {
-    if (level <= path.GetLastIndex())
-        return FindDefinitionBelowMember(members, path, level, types, found, block, offset, size);
-    found = this;
-    return true;
+    return FindDefinitionAmongMembers(*this, members, path, level, types, found, block, offset, size);
 }
