@@ -1,4 +1,4 @@
-# The libraries that the project uses: pugixml::pugixml, CLI11::CLI11, nlohmann_json::nlohmann_json and, for the
+# The libraries that the project uses: pugixml::static, CLI11::CLI11, nlohmann_json::nlohmann_json and, for the
 # tests, GTest::gtest, GTest::gmock and GTest::gtest_main.
 #
 # Built for this machine they are the installed packages. A cross build takes the header-only ones from the same
@@ -37,7 +37,7 @@ if(NOT EXISTS ${SYMBKDS_PUGIXML}/src/pugixml.cpp)
 endif()
 add_library(pugixml STATIC ${SYMBKDS_PUGIXML}/src/pugixml.cpp)
 target_include_directories(pugixml SYSTEM PUBLIC ${SYMBKDS_PUGIXML}/src)
-add_library(pugixml::pugixml ALIAS pugixml)
+add_library(pugixml::static ALIAS pugixml)
 
 if(SYMBKDS_TESTS)
     set(INSTALL_GTEST OFF)

@@ -3,6 +3,8 @@
 #include "korvaproservices/CChildAttributes.h"
 #include "korvaproservices/CFreeList.h"
 #include "korvaproservices/CModuleReference.h"
+#include "korvaproservices/CTagIndex.h"
+#include "korvaproservices/CTreeMemory.h"
 #include "korvaproservices/KorvaProServices.h"
 #include "platform/com/InterfacePtr.h"
 
@@ -38,6 +40,7 @@ public:
     CInterfacePtr<CElementList> MakeList();
 
     CChildAttributes& ChildAttributes() { return childAttributes; }
+    CTagIndex& TagIndex() { return tagIndex; }
 
     // Take back what nobody refers to any more. The document may be gone afterwards.
     void Recycle(CElement* element) noexcept;
@@ -49,8 +52,10 @@ private:
 
     CModuleReference moduleReference;
     std::size_t references = 1; // the loader's, and one for each element and list in use
+    CTreeMemory treeMemory;     // of `xml`
     pugi::xml_document xml;
     CChildAttributes childAttributes;
+    CTagIndex tagIndex;
     CFreeList<CElement> idleElements;
     CFreeList<CElementList> idleLists;
 };

@@ -75,9 +75,8 @@ HRESULT CKorvaProServices::FindElement(BSTR tag, WalkElement** element)
     if (!document)
         return RefuseUnloaded(element);
     return Deliver(element, [&] {
-        CSelection selection;
-        selection.SetDescendants(document->Root(), tag);
-        return document->MakeElement(selection.After(selection.Start()));
+        const std::vector<pugi::xml_node> found = document->TagIndex().Find(document->Root(), tag);
+        return document->MakeElement(found.empty() ? pugi::xml_node() : found.front());
     });
 }
 
@@ -87,7 +86,7 @@ HRESULT CKorvaProServices::GetElementList(BSTR tag, WalkList** list)
         return RefuseUnloaded(list);
     return Deliver(list, [&] {
         CInterfacePtr<CElementList> made = document->MakeList();
-        made->Selection().SetDescendants(document->Root(), tag);
+        made->Collection() = document->TagIndex().Find(document->Root(), tag);
         return made.Detach();
     });
 }

@@ -6,8 +6,7 @@
 
 #include <string>
 
-// Which elements a list delivers: children of an element or elements of the
-// whole document, all of them or those with one tag.
+// Which children of an element a list delivers: all of them or those with one tag.
 //
 // Nothing is collected: the caller walks from Start() with After() until a null
 // node. Set anew for each use; the text keeps its memory between uses.
@@ -16,7 +15,6 @@ class CSelection
 public:
     void SetChildren(pugi::xml_node parent);
     void SetChildrenByTag(pugi::xml_node parent, BSTR tag);
-    void SetDescendants(pugi::xml_node document, BSTR tag);
 
     // The position in front of the first selected element.
     pugi::xml_node Start() const { return root; }
@@ -27,13 +25,10 @@ private:
     enum class Kind
     {
         children,
-        childrenByTag,
-        descendants
+        childrenByTag
     };
 
-    pugi::xml_node DescendantAfter(pugi::xml_node position) const;
     bool Matches(pugi::xml_node node) const;
-    bool IsWantedElement(pugi::xml_node node) const;
 
     Kind kind = Kind::children;
     pugi::xml_node root;

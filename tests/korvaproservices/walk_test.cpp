@@ -87,6 +87,24 @@ TEST_F(Walk, FindsElementsOfTheDocument)
     EXPECT_FALSE(Find(""));
 }
 
+// Its commonest tags are found by another walk, the others where the first one noted them; its tree fills many blocks.
+TEST_F(Walk, FindsElementsOfALargeDocument)
+{
+    std::string text = "<r>";
+    for (int i = 0; i < 10'000; ++i)
+        text += i % 2'500 == 0 ? "<iron id='" + std::to_string(i) + "'/><\xC3\xA4 id='x'/>" : "<item><k/>text</item>";
+    ASSERT_EQ(Load(text + "<kin id='y'/></r>"), S_OK);
+    for (int again = 0; again < 2; ++again) {
+        EXPECT_EQ(CountOf(All("item")), 9'996);
+        EXPECT_EQ(RestOf(All("iron")), "iron=0 iron=2500 iron=5000 iron=7500");
+        EXPECT_EQ(RestOf(All("kin")), "kin=y");
+        EXPECT_EQ(RestOf(All("\xC3\xA4")), "\xC3\xA4=x \xC3\xA4=x \xC3\xA4=x \xC3\xA4=x");
+        EXPECT_EQ(RestOf(All("r")), "r=");
+    }
+    ASSERT_EQ(Load("<r><iron id='z'/></r>"), S_OK); // another document, another index
+    EXPECT_EQ(RestOf(All("iron")), "iron=z");
+}
+
 TEST_F(Walk, ItemsDoNotMoveNext)
 {
     const ListPtr list = Select(LoadAndFind(kTree, "r"), "a", "k", "v");

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/com/Bstr.h"
+
+#include <pugixml.hpp>
+
+#include <array>
+#include <vector>
+
+// Finds the elements of a whole document by their tags.
+//
+// The first search walks the tree and notes the elements by the first letter of
+// their tags, so the next ones need not walk it again. A letter that begins more
+// than an eighth of all tags is not noted: its list would cost more than the walk.
+class CTagIndex
+{
+public:
+    // The elements of `document` called `tag`, in document order; always the same document. May raise std::bad_alloc.
+    std::vector<pugi::xml_node> Find(pugi::xml_node document, BSTR tag);
+
+private:
+    struct Group
+    {
+        std::vector<pugi::xml_node> elements;
+        bool isDropped = false;
+    };
+    using Groups = std::array<Group, 128>; // by ASCII letters
+
+    static Groups MakeGroups(pugi::xml_node document);
+
+    Groups groups;
+    bool isBuilt = false;
+};
