@@ -7,6 +7,8 @@
 #include "symbkds/model/ElementaryTypes.h"
 #include "symbkds/model/WideToUtf8.h"
 
+#include <array>
+
 namespace {
 
 constexpr std::int32_t kNoExtractBitNumber = -1; // its low 8 bits say "no bit"
@@ -61,7 +63,7 @@ private:
         std::uint32_t size = 0;
         std::uint32_t typeCode = 0;
         if (ClassifyElementaryType(typeName, size, typeCode)) {
-            variable.SetTypeName(typeName, &types);
+            variable.SetTypeName(Shared(typeName, typeCode), &types);
             return true;
         }
         CSymbXMLDDTDef* definition = nullptr;
@@ -72,8 +74,18 @@ private:
         return true;
     }
 
+    // The text of a variable before that has the same elementary type: one text serves them all.
+    const CString& Shared(const CString& typeName, std::uint32_t typeCode)
+    {
+        CString& known = elementaryNames[typeCode % elementaryNames.size()];
+        if (known != typeName)
+            known = typeName;
+        return known;
+    }
+
     const ImportKeys keys;
     MAPOFDDTDEF& types;
+    std::array<CString, 61> elementaryNames; // of types whose codes leave the same remainder the last one met
 };
 
 } // namespace
