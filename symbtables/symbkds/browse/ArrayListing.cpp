@@ -32,7 +32,7 @@ public:
         for (std::uint32_t number = FirstNumber(considered); number < considered && left > 0; ++number) {
             Sleep(0); // other threads of the host go on during a long listing
             const CString name = NameOf(number);
-            if (!MatchNamePattern(name, request.options.namePattern))
+            if (!request.options.AcceptsName(name))
                 continue;
             request.names.Add(EntryOf(number, name));
             request.kinds.Add(kind);
@@ -56,8 +56,7 @@ private:
             return considered;
         const auto candidate = static_cast<std::uint32_t>(number);
         const CString name = NameOf(candidate);
-        const bool listed = MatchNamePattern(name, request.options.namePattern);
-        return listed && EntryOf(candidate, name) == resumeAt ? candidate : considered;
+        return request.options.AcceptsName(name) && EntryOf(candidate, name) == resumeAt ? candidate : considered;
     }
 
     CString NameOf(std::uint32_t number) const

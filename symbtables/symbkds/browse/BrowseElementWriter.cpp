@@ -1,35 +1,14 @@
 #include "symbkds/browse/BrowseElementWriter.h"
 
 #include "platform/com/TaskMemory.h"
-#include "platform/win32/CodePage.h"
 #include "symbkds/model/WideToUtf8.h"
 
 #include <algorithm>
 #include <limits>
-#include <memory>
 
 namespace {
 
 constexpr std::uint64_t kSpareElements = 1000;
-
-struct CTaskFree
-{
-    void operator()(WCHAR* text) const { CoTaskMemFree(text); }
-};
-using TaskText = std::unique_ptr<WCHAR, CTaskFree>;
-
-// UTF-16 of a text in the thread's ANSI code page, for the host to free; null when memory is short.
-TaskText MakeTaskText(const CString& text)
-{
-    // No code page makes more units of a text than it has bytes.
-    const int length = text.GetLength();
-    TaskText wide(static_cast<LPWSTR>(CoTaskMemAlloc((static_cast<std::size_t>(length) + 1) * sizeof(WCHAR))));
-    if (!wide)
-        return wide;
-    const int units = length == 0 ? 0 : MultiByteToWideChar(CP_THREAD_ACP, 0, text, length, wide.get(), length);
-    wide.get()[units] = 0;
-    return wide;
-}
 
 // Whether two entries differ in nothing but the case of their fields: listing a
 // page makes the type names that fields show upper case.
@@ -64,7 +43,7 @@ int FindEntry(const CStringArray& entries, const CString& wanted)
 } // namespace
 
 CBrowseElementWriter::CBrowseElementWriter(const HostElements& hostElements, LPCSTR listedPath, LPCWSTR listedId)
-    : host(hostElements), browsePath(listedPath), parentId(WideToUtf8(listedId)),
+    : host(hostElements), itemIds(listedPath, listedId),
       resumeAt(host.continuationPoint ? WideToUtf8(*host.continuationPoint) : CString()),
       targetIndex(*host.elementCount)
 {}
@@ -99,16 +78,16 @@ bool CBrowseElementWriter::AddBrowseElement(const CString& entry, DWORD kind)
 {
     if (HasLimit() && targetIndex >= host.maxElements)
         return CutListing(entry);
-    TaskText name = MakeTaskText(entry);
-    TaskText itemId = name ? MakeTaskText(BuildItemId(browsePath, parentId, entry)) : nullptr;
-    if (!itemId) {
+    TaskText name = MakeTaskText(entry.View());
+    TaskText itemId = name.text ? itemIds.Make(entry.View(), name) : TaskText();
+    if (!itemId.text) {
         result = E_OUTOFMEMORY;
         return true;
     }
     BrowseElement& element = (*host.elements)[targetIndex];
     element = {};
-    element.name = name.release(); // from here on the host frees both texts
-    element.itemId = itemId.release();
+    element.name = name.text.release(); // from here on the host frees both texts
+    element.itemId = itemId.text.release();
     element.kind = kind;
     ++targetIndex;
     ++*host.elementCount;
@@ -119,12 +98,12 @@ bool CBrowseElementWriter::CutListing(const CString& entry)
 {
     TaskText name;
     if (host.continuationPoint) {
-        name = MakeTaskText(entry);
-        if (!name) {
+        name = MakeTaskText(entry.View());
+        if (!name.text) {
             result = E_OUTOFMEMORY;
             return true;
         }
-        *host.continuationPoint = name.release(); // the text passed in stays the host's
+        *host.continuationPoint = name.text.release(); // the text passed in stays the host's
     }
     *host.moreElements = 1;
     *host.elementCount = host.maxElements;
@@ -136,13 +115,4 @@ void CBrowseElementWriter::FillBrowseElements(const CStringArray& entries, const
     for (int i = resumeAt.IsEmpty() ? 0 : FindEntry(entries, resumeAt); i < entries.GetSize(); ++i)
         if (AddBrowseElement(entries[i], i < kinds.GetSize() ? kinds[i] : BrowseElement::kLeaf))
             return;
-}
-
-CString CBrowseElementWriter::BuildItemId(const CString& browsePath, const CString& parentId, const CString& entry)
-{
-    if (browsePath.IsEmpty())
-        return parentId + "!" + entry;
-    const CString component = browsePath.Mid(browsePath.ReverseFind('.') + 1);
-    const bool arrayElement = entry.View().starts_with(component.View()) && entry.GetAt(component.GetLength()) == '[';
-    return arrayElement ? parentId + entry.Mid(component.GetLength()) : parentId + "." + entry;
 }

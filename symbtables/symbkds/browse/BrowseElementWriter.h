@@ -3,6 +3,7 @@
 #include "platform/mfc/CArray.h"
 #include "platform/mfc/CString.h"
 #include "symb/BrowseElement.h"
+#include "symbkds/browse/ItemIds.h"
 
 #include <cstdint>
 
@@ -44,16 +45,11 @@ public:
     // S_OK, or E_OUTOFMEMORY once an allocation has failed.
     HRESULT GetResult() const { return result; }
 
-    // The item identifier of an entry below `browsePath`. Only an element of an
-    // array, whose entry repeats the path's last component, is not joined with a dot.
-    static CString BuildItemId(const CString& browsePath, const CString& parentId, const CString& entry);
-
 private:
     bool CutListing(const CString& entry);
 
     HostElements host;
-    CString browsePath;
-    CString parentId;
+    CItemIds itemIds;
     CString resumeAt;
     std::uint32_t targetIndex; // where the next element goes
     HRESULT result = S_OK;

@@ -12,28 +12,25 @@ class CSymbXMLDDTDef;
 class CSymbXMLItemDef;
 class CSymbXml;
 
-// Which symbols a host wants to see, and how.
+// Which symbols a host wants to see, and how. Views the host's texts.
 struct BrowseOptions
 {
-    CString filter;
-    CString namePattern;
-    VARTYPE varTypeFilter;
+    // What a host passes; a null text counts as empty, and codes that are null as none.
+    BrowseOptions(LPCSTR filter, LPCSTR namePattern, VARTYPE varType, BOOL onlyBranches, BOOL leaves, BOOL branches,
+                  LONG fieldCount, const char* codes);
+
+    bool AcceptsVarType(VARTYPE varType) const { return varTypeFilter == 0 || varTypeFilter == varType; }
+    // Case matters.
+    bool AcceptsName(const CString& name) const { return name.View().starts_with(namePrefix); }
+
+    bool unlocatedOnly;          // the filter asks for symbols without an address of their own
+    std::string_view namePrefix; // what stands before the first "*" of the pattern, or all of it when there is none
+    VARTYPE varTypeFilter;       // 0: any
     bool branchesOnly;
     bool wantLeaves;
     bool wantBranches;
-    std::string_view fieldCodes; // the host's
-
-    // The filter asks for symbols without an address of their own.
-    bool UnlocatedOnly() const { return filter.Find("%UL") >= 0; }
-    bool AcceptsVarType(VARTYPE varType) const { return varTypeFilter == 0 || varTypeFilter == varType; }
+    std::string_view fieldCodes;
 };
-
-// A host's field codes; none for a count below 1 or without codes.
-inline std::string_view FieldCodes(LONG fieldCount, const char* fieldCodes)
-{
-    return fieldCount > 0 && fieldCodes ? std::string_view(fieldCodes, static_cast<std::size_t>(fieldCount))
-                                        : std::string_view();
-}
 
 // The value whose children are listed.
 struct BrowseTarget

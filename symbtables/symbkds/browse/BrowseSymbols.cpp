@@ -3,6 +3,7 @@
 #include "platform/win32/Clock.h"
 #include "symbkds/browse/BrowseRequest.h"
 #include "symbkds/browse/EntryText.h"
+#include "symbkds/browse/VariableCursor.h"
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/frame/Guard.h"
 #include "symbkds/model/CSymbXMLDDTDef.h"
@@ -18,13 +19,8 @@ HRESULT CSymbXml::BrowseSymbols(LPCSTR filter, LPCSTR namePattern, VARTYPE varTy
             return E_INVALIDARG;
         HRESULT result = S_OK;
         const auto list = [&] {
-            const BrowseOptions options{filter,
-                                        namePattern,
-                                        varTypeFilter,
-                                        branchesOnly != 0,
-                                        wantLeaves != 0,
-                                        wantBranches != 0,
-                                        FieldCodes(fieldCount, fieldCodes)};
+            const BrowseOptions options(filter, namePattern, varTypeFilter, branchesOnly, wantLeaves, wantBranches,
+                                        fieldCount, fieldCodes);
             result = ListAsTexts(options, browsePath, *names);
         };
         // An exception ends the listing: what was appended so far is the answer.
@@ -42,7 +38,7 @@ HRESULT CSymbXml::ListAsTexts(const BrowseOptions& options, LPCSTR browsePath, C
     BrowseTarget target;
     if (const HRESULT result = FindBrowseTarget(browsePath, target); result != S_OK)
         return result;
-    if (options.UnlocatedOnly() && target.root->topologicalAddress.Find('%') >= 0)
+    if (options.unlocatedOnly && target.root->topologicalAddress.Find('%') >= 0)
         return S_OK;
     CWordArray kinds;
     return target.definition->BrowseChildren({options, target, *this, names, kinds});
@@ -50,13 +46,13 @@ HRESULT CSymbXml::ListAsTexts(const BrowseOptions& options, LPCSTR browsePath, C
 
 void CSymbXml::ListVariables(const BrowseOptions& options, CStringArray& names)
 {
-    const bool unlocatedOnly = options.UnlocatedOnly();
-    for (const auto* pair = variables.PGetFirstAssoc(); pair; pair = variables.PGetNextAssoc(pair)) {
+    CVariableCursor cursor(variables, variables.PGetFirstAssoc());
+    while (const CSymbXMLItemDef* next = cursor.Next()) {
         Sleep(0); // other threads of the host go on during a long listing
-        const CSymbXMLItemDef& variable = *pair->value;
+        const CSymbXMLItemDef& variable = *next;
         if (!options.AcceptsVarType(variable.varType) ||
-            (unlocatedOnly && variable.topologicalAddress.Find('%') >= 0) ||
-            !MatchNamePattern(variable.name, options.namePattern) || !IsListedAsText(variable, options))
+            (options.unlocatedOnly && variable.topologicalAddress.Find('%') >= 0) ||
+            !options.AcceptsName(variable.name) || !IsListedAsText(variable, options))
             continue;
         const CString address = AddressOf(variable);
         if (!address.IsEmpty())
@@ -77,8 +73,14 @@ CString CSymbXml::AddressOf(const CSymbXMLItemDef& variable) const
 bool CSymbXml::IsListedAsText(const CSymbXMLItemDef& variable, const BrowseOptions& options)
 {
     if (options.branchesOnly)
-        return !variable.IsElementaryScalar() && types.IsDerivedType(variable.typeName);
+        return !variable.IsElementaryScalar() && IsOfDerivedType(variable);
     // Only what a plain name serves is a leaf here.
     return options.wantLeaves && variable.IsElementaryScalar() && variable.IsBitOrWordType() &&
            !types.IsDFBType(variable.typeName);
+}
+
+bool CSymbXml::IsOfDerivedType(const CSymbXMLItemDef& variable)
+{
+    // A declared text tells that the import found the type; from then on it stays known.
+    return !variable.declaredTypeText.IsEmpty() || types.IsDerivedType(variable.typeName);
 }

@@ -3,9 +3,11 @@
 #include "symbkds/browse/BrowseElementWriter.h"
 #include "symbkds/browse/BrowseRequest.h"
 #include "symbkds/browse/EntryText.h"
+#include "symbkds/browse/VariableCursor.h"
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/frame/Guard.h"
 #include "symbkds/model/CSymbXMLDDTDef.h"
+#include "symbkds/model/UpperCase.h"
 
 namespace {
 
@@ -28,13 +30,8 @@ HRESULT CSymbXml::BrowseSymbolsWithProperties(LPCSTR filter, LPCSTR namePattern,
 {
     const CSingleLock guard(&lock, TRUE);
     return WithMemoryException([&]() -> HRESULT {
-        const BrowseOptions options{filter,
-                                    namePattern,
-                                    varTypeFilter,
-                                    branchesOnly != 0,
-                                    wantLeaves != 0,
-                                    wantBranches != 0,
-                                    FieldCodes(fieldCount, fieldCodes)};
+        const BrowseOptions options(filter, namePattern, varTypeFilter, branchesOnly, wantLeaves, wantBranches,
+                                    fieldCount, fieldCodes);
         CheckForNewFile();
         const HostElements host{maxElements, continuationPoint, moreElements, elementCount, elements, elementCapacity};
         if (!IsUsable(host) || (fieldCount > 0 && !fieldCodes))
@@ -53,7 +50,7 @@ HRESULT CSymbXml::ListChildrenWithProperties(const BrowseOptions& options, LPCST
     BrowseTarget target;
     if (const HRESULT result = FindBrowseTarget(browsePath, target); result != S_OK)
         return result;
-    if (options.UnlocatedOnly() && target.root->topologicalAddress.Find('%') >= 0)
+    if (options.unlocatedOnly && target.root->topologicalAddress.Find('%') >= 0)
         return S_OK;
     CStringArray names;
     CWordArray kinds;
@@ -70,12 +67,13 @@ void CSymbXml::ListVariablesWithProperties(const BrowseOptions& options, CBrowse
 {
     if (!writer.EnsureElementCapacity(static_cast<std::uint32_t>(variables.GetCount())))
         return;
-    for (const auto* pair = FirstToList(options, writer.GetResumeAt()); pair; pair = variables.PGetNextAssoc(pair)) {
-        const CSymbXMLItemDef& variable = *pair->value;
+    CVariableCursor cursor(variables, FirstToList(options, writer.GetResumeAt()));
+    while (const CSymbXMLItemDef* next = cursor.Next()) {
+        const CSymbXMLItemDef& variable = *next;
         if (!PassesRootFilters(variable, options))
             continue;
         const bool elementary = variable.IsElementaryScalar();
-        const bool branch = !elementary && types.IsDerivedType(variable.typeName);
+        const bool branch = !elementary && IsOfDerivedType(variable);
         const bool wanted = options.branchesOnly
                                 ? branch
                                 : (options.wantBranches && options.wantLeaves) || (options.wantBranches && branch) ||
@@ -89,9 +87,7 @@ const CSymbXml::Variables::CPair* CSymbXml::FirstToList(const BrowseOptions& opt
 {
     if (resumeAt.IsEmpty())
         return variables.PGetFirstAssoc();
-    CString key = resumeAt;
-    key.MakeUpper();
-    const auto* pair = variables.PLookup(key);
+    const auto* pair = variables.PLookup(CUpperName(resumeAt));
     const bool listed = pair && pair->value->name == resumeAt && PassesRootFilters(*pair->value, options);
     return listed ? pair : nullptr;
 }
@@ -99,6 +95,5 @@ const CSymbXml::Variables::CPair* CSymbXml::FirstToList(const BrowseOptions& opt
 bool CSymbXml::PassesRootFilters(const CSymbXMLItemDef& variable, const BrowseOptions& options)
 {
     return options.AcceptsVarType(variable.varType) &&
-           !(options.UnlocatedOnly() && !variable.topologicalAddress.IsEmpty()) &&
-           MatchNamePattern(variable.name, options.namePattern);
+           !(options.unlocatedOnly && !variable.topologicalAddress.IsEmpty()) && options.AcceptsName(variable.name);
 }

@@ -21,9 +21,3 @@ CString MakeUnlocatedField(const CString& typeName, std::uint32_t block, std::ui
                 static_cast<LPCSTR>(addressText));
     return text;
 }
-
-bool MatchNamePattern(const CString& name, const CString& pattern)
-{
-    const std::string_view text = pattern.View();
-    return name.View().starts_with(text.substr(0, text.find('*')));
-}

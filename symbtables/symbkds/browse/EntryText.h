@@ -1,4 +1,4 @@
-// Entry texts and the names they match.
+// Entry texts.
 #pragma once
 
 #include "platform/mfc/CString.h"
@@ -13,7 +13,3 @@ CString MakeEntryText(const CString& name, std::string_view fieldCodes, const CS
 // The address text of a member, parameter or element, which has no address of its own.
 CString MakeUnlocatedField(const CString& typeName, std::uint32_t block, std::uint32_t offset,
                            const CString& addressText);
-
-// Whether a name begins with what stands before the first "*" of the pattern,
-// or with the whole pattern when there is none. Case matters.
-bool MatchNamePattern(const CString& name, const CString& pattern);

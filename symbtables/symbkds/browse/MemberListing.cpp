@@ -56,7 +56,7 @@ void ListMember(CSymbXMLDDTMember& member, const BrowseRequest& request, const M
     std::uint32_t size = 0;
     std::uint32_t typeCode = 0;
     const bool leaf = ClassifyElementaryType(member.typeName, size, typeCode);
-    if (!MatchNamePattern(member.name, request.options.namePattern))
+    if (!request.options.AcceptsName(member.name))
         return;
     if (rules.classifyAnew)
         member.SetTypeName(member.typeName, &request.symbolTable.GetTypes());

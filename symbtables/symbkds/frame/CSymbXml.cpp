@@ -2,6 +2,7 @@
 
 #include "platform/mfc/CSingleLock.h"
 #include "symbkds/frame/PluginExports.h"
+#include "symbkds/model/UpperCase.h"
 
 namespace {
 
@@ -48,11 +49,10 @@ void CSymbXml::ReportException(const ExceptionMessages& phase, LPCSTR exceptionT
     }
 }
 
-CSymbXMLItemDef* CSymbXml::FindVariable(CString name) const
+CSymbXMLItemDef* CSymbXml::FindVariable(const CString& name) const
 {
-    name.MakeUpper();
     CSymbXMLItemDef* variable = nullptr;
-    return variables.Lookup(name, variable) ? variable : nullptr;
+    return variables.Lookup(CUpperName(name), variable) ? variable : nullptr;
 }
 
 DWORD CSymbXml::GetSymbolTableType()

@@ -109,7 +109,7 @@ private:
     // What every lookup and listing does first. The caller holds the lock.
     void CheckForNewFile();
     // The variable of that name in any case; null when there is none.
-    CSymbXMLItemDef* FindVariable(CString name) const;
+    CSymbXMLItemDef* FindVariable(const CString& name) const;
 
     // The two roads of the lookup.
     HRESULT ResolvePlainName(const CSymbKorvaAnalyser& path, const CString& nameAsAsked, ResolvedSymbol& symbol);
@@ -120,6 +120,7 @@ private:
     HRESULT ListAsTexts(const BrowseOptions& options, LPCSTR browsePath, CStringArray& names);
     void ListVariables(const BrowseOptions& options, CStringArray& names);
     bool IsListedAsText(const CSymbXMLItemDef& variable, const BrowseOptions& options);
+    bool IsOfDerivedType(const CSymbXMLItemDef& variable);
     // The topological address, or the text of a memory area; empty for most unlocated variables.
     CString AddressOf(const CSymbXMLItemDef& variable) const;
     HRESULT ListChildrenWithProperties(const BrowseOptions& options, LPCSTR browsePath, CBrowseElementWriter& writer);

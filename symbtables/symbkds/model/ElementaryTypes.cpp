@@ -4,6 +4,7 @@
 #include "platform/win32/CodePage.h"
 #include "symbkds/model/TextNumber.h"
 #include "symbkds/model/TypeCodes.h"
+#include "symbkds/model/UpperCase.h"
 
 #include <algorithm>
 
@@ -34,11 +35,6 @@ constexpr ElementaryType kTypes[] = {
 };
 // clang-format on
 static_assert(kTypes[kStringRow].name == "STRING");
-
-constexpr char Upper(char c)
-{
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
 
 bool SameName(std::string_view text, std::string_view upperName, NameCase nameCase)
 {

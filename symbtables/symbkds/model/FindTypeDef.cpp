@@ -3,6 +3,7 @@
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTArrayDef.h"
 #include "symbkds/model/MAPOFDDTDEF.h"
+#include "symbkds/model/UpperCase.h"
 
 namespace {
 
@@ -39,12 +40,12 @@ CSymbXMLDDTArrayDef* MAPOFDDTDEF::AddArrayChain(const CSymbXMLDDTArrayDef& array
 
 bool MAPOFDDTDEF::FindTypeDef(const CString& name, CSymbXMLDDTDef*& definition)
 {
-    CString key = name;
-    key.MakeUpper();
+    const CUpperName key(name);
     definition = nullptr;
     if (definitions.Lookup(key, definition))
         return true;
-    return key.View().starts_with(kArrayKeyword) && AddDeclaredArray(name, key, definition);
+    return std::string_view(key).starts_with(kArrayKeyword) &&
+           AddDeclaredArray(name, static_cast<LPCSTR>(key), definition);
 }
 
 bool MAPOFDDTDEF::AddDeclaredArray(const CString& name, const CString& key, CSymbXMLDDTDef*& definition)
