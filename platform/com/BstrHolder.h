@@ -21,7 +21,8 @@ public:
     }
     ~CBstr() { SysFreeString(held); }
 
-    // From narrow text in `codePage`; null counts as empty. Raises COleException when memory is short.
+    // From narrow text in `codePage`, which short ASCII text does not need; null counts as empty. Raises COleException
+    // when memory is short or there is no such code page.
     static CBstr FromNarrow(LPCSTR text, unsigned codePage);
 
     // Where an out argument stores the text that becomes ours; frees the one held before.

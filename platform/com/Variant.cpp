@@ -1,12 +1,5 @@
 #include "platform/com/Variant.h"
 
-#include <cstring>
-
-void VariantInit(VARIANT* value)
-{
-    std::memset(value, 0, sizeof *value);
-}
-
 HRESULT VariantClear(VARIANT* value)
 {
     switch (value->vt) {

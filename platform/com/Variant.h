@@ -5,6 +5,8 @@
 
 #ifndef _WIN32
 
+#include <cstring>
+
 using VARTYPE = std::uint16_t;
 
 enum VARENUM : VARTYPE
@@ -40,7 +42,10 @@ static_assert(sizeof(void*) != 8 || sizeof(VARIANT) == 24);
 
 using VARIANTARG = VARIANT;
 
-PLATFORM_API void VariantInit(VARIANT* value);
+inline void VariantInit(VARIANT* value)
+{
+    std::memset(value, 0, sizeof *value);
+}
 // Frees what the value owns and makes it VT_EMPTY.
 PLATFORM_API HRESULT VariantClear(VARIANT* value);
 

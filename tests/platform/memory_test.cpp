@@ -69,7 +69,7 @@ TEST(Bstr, HolderOwnsOneText)
     *moved.Put() = SysAllocString(OLESTR("y")); // frees the one before
     SysFreeString(moved.Detach());
     EXPECT_EQ(moved.Get(), nullptr);
-    EXPECT_THROW(CBstr::FromNarrow("x", 4711), COleException);
+    EXPECT_THROW(CBstr::FromNarrow("\xE4", 4711), COleException);
 }
 
 TEST(Variant, ClearFreesAndEmpties)

@@ -15,6 +15,36 @@ std::string_view From(std::string_view text, std::size_t start)
     return text.substr(std::min(start, text.size()));
 }
 
+// Loops instead of find_first_of, which calls a function for each character.
+
+constexpr bool IsNumberCharacter(char c)
+{
+    return c == '-' || (c >= '0' && c <= '9');
+}
+
+constexpr bool IsListCharacter(char c)
+{
+    return IsNumberCharacter(c) || c == ',' || c == '.';
+}
+
+constexpr bool EndsName(char c)
+{
+    return c == '[' || c == '.';
+}
+
+constexpr bool EndsIndex(char c)
+{
+    return EndsName(c) || c == ']';
+}
+
+// Position of the first character that `ends` accepts; npos when there is none.
+template <class Ends>
+std::size_t FindEnd(std::string_view text, Ends ends)
+{
+    const auto* const found = std::ranges::find_if(text, ends);
+    return found == text.end() ? std::string_view::npos : static_cast<std::size_t>(found - text.begin());
+}
+
 } // namespace
 
 CSymbKorvaAnalysedItem::~CSymbKorvaAnalysedItem() = default;
@@ -34,7 +64,7 @@ bool CSymbKorvaAnalyser::Analyse(CString& path, int level)
         lastIndex = step;
         if (rest.starts_with('.'))
             rest.remove_prefix(1);
-        accepted = AnalyseStep(rest, items[static_cast<std::size_t>(step)]);
+        accepted = AnalyseStep(path, rest, items[static_cast<std::size_t>(step)]);
     }
     if (!accepted && level == 0)
         lastIndex = 0;
@@ -43,15 +73,16 @@ bool CSymbKorvaAnalyser::Analyse(CString& path, int level)
     return accepted;
 }
 
-bool CSymbKorvaAnalyser::AnalyseStep(std::string_view& rest, CSymbKorvaAnalysedItem& item)
+bool CSymbKorvaAnalyser::AnalyseStep(const CString& path, std::string_view& rest, CSymbKorvaAnalysedItem& item)
 {
     if (rest.starts_with('['))
         return AnalyseIndexStep(rest, item);
-    const std::size_t end = rest.find_first_of("[.");
+    const std::size_t end = FindEnd(rest, EndsName);
     const std::string_view head = rest.substr(0, end);
     if (end == std::string_view::npos) {
         item.hasNumber = IsNumberFrom(rest, 0);
-        item.name = Text(head);
+        const bool isWholePath = rest.size() == path.View().size();
+        item.name = isWholePath ? path : Text(head); // a plain name shares the text
         if (item.hasNumber)
             item.index = item.name;
         rest = {};
@@ -76,7 +107,7 @@ bool CSymbKorvaAnalyser::AnalyseStep(std::string_view& rest, CSymbKorvaAnalysedI
 bool CSymbKorvaAnalyser::AnalyseIndexStep(std::string_view& rest, CSymbKorvaAnalysedItem& item)
 {
     const std::string_view inside = rest.substr(1);
-    const std::string_view head = inside.substr(0, inside.find_first_of("[.]"));
+    const std::string_view head = inside.substr(0, FindEnd(inside, EndsIndex));
     std::size_t length = 0;
     if (!IsIndexList(head, length))
         return false;
@@ -96,13 +127,13 @@ bool CSymbKorvaAnalyser::GetItemName(int item, CString& name) const
 
 bool CSymbKorvaAnalyser::IsNumberFrom(std::string_view text, std::size_t start)
 {
-    return From(text, start).find_first_not_of("-0123456789") == std::string_view::npos;
+    return std::ranges::all_of(From(text, start), IsNumberCharacter);
 }
 
 bool CSymbKorvaAnalyser::IsIndexList(std::string_view text, std::size_t& length)
 {
     const std::string_view list = text.substr(0, text.find(']'));
-    if (list.find_first_not_of("-0123456789,.") != std::string_view::npos)
+    if (!std::ranges::all_of(list, IsListCharacter))
         return false;
     length = list.size();
     return true;

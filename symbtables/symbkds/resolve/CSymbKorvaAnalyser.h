@@ -53,9 +53,9 @@ public:
     static bool IsIndexList(std::string_view text, std::size_t& length);
 
 private:
-    // Analyses the step at the start of `rest` and takes it off.
-    bool AnalyseStep(std::string_view& rest, CSymbKorvaAnalysedItem& item);
-    bool AnalyseIndexStep(std::string_view& rest, CSymbKorvaAnalysedItem& item);
+    // Analyses the step at the start of `rest`, the rest of `path`, and takes it off.
+    static bool AnalyseStep(const CString& path, std::string_view& rest, CSymbKorvaAnalysedItem& item);
+    static bool AnalyseIndexStep(std::string_view& rest, CSymbKorvaAnalysedItem& item);
 
     int lastIndex = 0;
     std::array<CSymbKorvaAnalysedItem, kMaxSteps> items;

@@ -12,8 +12,8 @@
 struct ResolvedSymbol
 {
     AddressDescriptor descriptor{};
-    CString typeName; // as shown to people
-    CString customerString;
+    CString typeName;           // as shown to people
+    LPCSTR customerString = ""; // the variable's
     CString address;
     CString comment;
     bool hasAddressProperty = false; // the address is a property too

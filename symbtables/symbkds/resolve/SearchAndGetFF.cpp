@@ -30,6 +30,13 @@ AddressDescriptor DescribeVariable(const CSymbXMLItemDef& variable)
     return descriptor;
 }
 
+// The texts lie apart from the variable: asked for together they take about as long as one of them.
+void PrefetchTexts(const CSymbXMLItemDef& variable)
+{
+    for (const CString* text : {&variable.topologicalAddress, &variable.comment, &variable.customerString})
+        __builtin_prefetch(static_cast<LPCSTR>(*text));
+}
+
 void SetBit(AddressDescriptor& descriptor, std::uint8_t bit)
 {
     descriptor.extraction = AddressDescriptor::kExtractBit;
@@ -108,6 +115,7 @@ HRESULT CSymbXml::ResolvePlainName(const CSymbKorvaAnalyser& path, const CString
         SendTrace(messages::kNotAnimable, {sourcePath});
         return kLookupFailed;
     }
+    PrefetchTexts(*variable);
     AddressDescriptor& descriptor = symbol.descriptor;
     descriptor = DescribeVariable(*variable);
     descriptor.accessRight = variable->accessRights;
