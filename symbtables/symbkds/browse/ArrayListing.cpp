@@ -56,7 +56,8 @@ private:
             return considered;
         const auto candidate = static_cast<std::uint32_t>(number);
         const CString name = NameOf(candidate);
-        return request.options.AcceptsName(name) && EntryOf(candidate, name) == resumeAt ? candidate : considered;
+        const bool listed = request.options.AcceptsName(name);
+        return listed && AsContinuationPoint(EntryOf(candidate, name)) == resumeAt ? candidate : considered;
     }
 
     CString NameOf(std::uint32_t number) const

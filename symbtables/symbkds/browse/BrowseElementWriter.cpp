@@ -1,9 +1,9 @@
 #include "symbkds/browse/BrowseElementWriter.h"
 
 #include "platform/com/TaskMemory.h"
+#include "symbkds/browse/EntryText.h"
 #include "symbkds/model/WideToUtf8.h"
 
-#include <algorithm>
 #include <limits>
 
 namespace {
@@ -16,15 +16,6 @@ bool DifferInFieldCase(const CString& entry, const CString& other)
 {
     const int nameEnd = entry.Find('|');
     return nameEnd >= 0 && entry.CompareNoCase(other) == 0 && entry.Left(nameEnd) == other.Left(nameEnd);
-}
-
-// An entry as it comes back as a continuation point: cut to the whole characters that fit.
-CString AsContinuationPoint(const CString& entry)
-{
-    int end = std::min(entry.GetLength(), kMaxUtf8Bytes);
-    while (end > 0 && end < entry.GetLength() && (entry.GetAt(end) & 0xC0) == 0x80)
-        --end;
-    return entry.Left(end);
 }
 
 // The index of the entry that an earlier page named as the first of the next one; the count when there is none.

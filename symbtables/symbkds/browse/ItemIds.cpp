@@ -3,6 +3,8 @@
 #include "platform/win32/CodePage.h"
 #include "symbkds/model/WideToUtf8.h"
 
+#include <algorithm>
+
 namespace {
 
 // UTF-16 of a text that is not empty.
@@ -33,6 +35,6 @@ CItemIds::CItemIds(LPCSTR path, LPCWSTR parentId)
 TaskText CItemIds::Make(std::string_view entry, const TaskText& wideEntry) const
 {
     if (!elementPrefix.IsEmpty() && entry.starts_with(elementPrefix.View()))
-        return MakeTaskText(ofElements, wideEntry.View().substr(elementPrefixUnits));
+        return MakeTaskText(ofElements, wideEntry.View().substr(std::min(elementPrefixUnits, wideEntry.units)));
     return MakeTaskText(ofOthers, wideEntry.View());
 }

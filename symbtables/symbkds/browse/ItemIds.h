@@ -10,8 +10,8 @@
 // element of an array, whose entry repeats the path's last component, goes on
 // with its "[".
 //
-// The parent's part is converted once. It ends with the joining character,
-// which begins no character of any code page, so that both parts may be
+// The parent's part is converted once, with the joining character. No code page
+// has a character that goes on behind one of these, so both parts may be
 // converted apart.
 class CItemIds
 {
