@@ -74,10 +74,8 @@ HRESULT CKorvaProServices::FindElement(BSTR tag, WalkElement** element)
 {
     if (!document)
         return RefuseUnloaded(element);
-    return Deliver(element, [&] {
-        const std::vector<pugi::xml_node> found = document->TagIndex().Find(document->Root(), tag);
-        return document->MakeElement(found.empty() ? pugi::xml_node() : found.front());
-    });
+    return Deliver(element,
+                   [&] { return document->MakeElement(document->TagIndex().FindFirst(document->Root(), tag)); });
 }
 
 HRESULT CKorvaProServices::GetElementList(BSTR tag, WalkList** list)

@@ -4,13 +4,13 @@
 
 void CSelection::SetChildren(pugi::xml_node parent)
 {
-    kind = Kind::children;
+    isByTag = false;
     root = parent;
 }
 
 void CSelection::SetChildrenByTag(pugi::xml_node parent, BSTR tag)
 {
-    kind = Kind::childrenByTag;
+    isByTag = true;
     root = parent;
     wantedTag = ViewOf(tag);
 }
@@ -25,5 +25,5 @@ pugi::xml_node CSelection::After(pugi::xml_node position) const
 
 bool CSelection::Matches(pugi::xml_node node) const
 {
-    return (kind == Kind::children || EqualsUtf16(node.name(), wantedTag)) && node.type() == pugi::node_element;
+    return (!isByTag || EqualsUtf16(node.name(), wantedTag)) && node.type() == pugi::node_element;
 }

@@ -22,15 +22,9 @@ public:
     pugi::xml_node After(pugi::xml_node position) const;
 
 private:
-    enum class Kind
-    {
-        children,
-        childrenByTag
-    };
-
     bool Matches(pugi::xml_node node) const;
 
-    Kind kind = Kind::children;
+    bool isByTag = false;
     pugi::xml_node root;
     std::basic_string<OLECHAR> wantedTag;
 };

@@ -2,20 +2,22 @@
 
 #include "korvaproservices/Text.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
+// A letter is dropped once it begins more tags than this and an eighth of the nodes seen so far.
 constexpr std::size_t kAlwaysNoted = 4096;
 constexpr std::size_t kNotedShare = 8;
 
-// Visits every node below `document` in document order; no recursion, as the document decides how deep it is.
+// Visits the nodes below `document` in document order while `visit` returns true; no recursion, as the document
+// decides how deep it is.
 template <class Visit>
 void ForEachNode(pugi::xml_node document, Visit&& visit)
 {
     pugi::xml_node node = document.first_child();
-    while (node) {
-        visit(node);
+    while (node && visit(node)) {
         // Down, else to the right, else up until there is a right.
         pugi::xml_node next = node.first_child();
         if (!next)
@@ -28,11 +30,6 @@ void ForEachNode(pugi::xml_node document, Visit&& visit)
     }
 }
 
-bool IsElement(pugi::xml_node node, std::basic_string_view<OLECHAR> tag)
-{
-    return EqualsUtf16(node.name(), tag) && node.type() == pugi::node_element;
-}
-
 } // namespace
 
 std::vector<pugi::xml_node> CTagIndex::Find(pugi::xml_node document, BSTR tag)
@@ -41,19 +38,37 @@ std::vector<pugi::xml_node> CTagIndex::Find(pugi::xml_node document, BSTR tag)
         groups = MakeGroups(document);
         isBuilt = true;
     }
-    const std::basic_string_view<OLECHAR> wanted = ViewOf(tag);
     std::vector<pugi::xml_node> found;
-    const auto keepWanted = [&](pugi::xml_node node) {
-        if (IsElement(node, wanted))
-            found.push_back(node);
-    };
-    const bool isNoted = !wanted.empty() && wanted[0] < groups.size() && !groups[wanted[0]].isDropped;
-    if (!isNoted)
-        ForEachNode(document, keepWanted);
-    else
-        for (const pugi::xml_node node : groups[wanted[0]].elements)
-            keepWanted(node);
+    ForEachElement(document, tag, [&](pugi::xml_node element) {
+        found.push_back(element);
+        return true;
+    });
     return found;
+}
+
+pugi::xml_node CTagIndex::FindFirst(pugi::xml_node document, BSTR tag) const
+{
+    pugi::xml_node first;
+    ForEachElement(document, tag, [&](pugi::xml_node element) {
+        first = element;
+        return false;
+    });
+    return first;
+}
+
+template <class Visit>
+void CTagIndex::ForEachElement(pugi::xml_node document, BSTR tag, Visit&& visit) const
+{
+    const std::basic_string_view<OLECHAR> wanted = ViewOf(tag);
+    const auto visitWanted = [&](pugi::xml_node node) {
+        const bool isWanted = EqualsUtf16(node.name(), wanted) && node.type() == pugi::node_element;
+        return !isWanted || visit(node);
+    };
+    const bool isNoted = isBuilt && !wanted.empty() && wanted[0] < groups.size() && !groups[wanted[0]].isDropped;
+    if (isNoted)
+        static_cast<void>(std::ranges::all_of(groups[wanted[0]].elements, visitWanted));
+    else
+        ForEachNode(document, visitWanted);
 }
 
 CTagIndex::Groups CTagIndex::MakeGroups(pugi::xml_node document)
@@ -64,11 +79,12 @@ CTagIndex::Groups CTagIndex::MakeGroups(pugi::xml_node document)
         ++seen;
         const auto letter = static_cast<unsigned char>(*node.name()); // 0 for a text
         if (letter == 0 || letter >= made.size() || made[letter].isDropped)
-            return;
+            return true;
         Group& group = made[letter];
         group.elements.push_back(node);
         if (group.elements.size() > kAlwaysNoted + seen / kNotedShare)
             group = {{}, true};
+        return true;
     });
     return made;
 }

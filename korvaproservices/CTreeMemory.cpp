@@ -13,8 +13,9 @@
 namespace {
 
 constexpr std::size_t kAlignment = alignof(std::max_align_t);
-// Each block is as large as all before it together, from 64 kB to 32 MB: little is left unused, and there are few.
-constexpr std::size_t kLeastBlockBytes = std::size_t{64} << 10;
+// The first block holds two of the parser's pieces; each further one is as large as all before it together, up to
+// 32 MB. So there are few, and no more is left unused than is used.
+constexpr std::size_t kLeastBlockBytes = std::size_t{68} << 10;
 constexpr std::size_t kMostBlockBytes = std::size_t{32} << 20;
 
 thread_local CTreeMemory* parsingInto = nullptr;

@@ -85,7 +85,7 @@ private:
 
     const ImportKeys keys;
     MAPOFDDTDEF& types;
-    std::array<CString, 61> elementaryNames; // of types whose codes leave the same remainder the last one met
+    std::array<CString, 57> elementaryNames; // the last name met of each type: all codes differ modulo 57
 };
 
 } // namespace
