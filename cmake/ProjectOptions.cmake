@@ -42,6 +42,9 @@ if(WIN32)
         # The system's headers declare `byte` and the like at namespace level.
         -Wno-shadow)
     include(WindowsRuntime)
+else()
+    # Calls between the libraries go straight through the address table.
+    target_compile_options(project_options INTERFACE -fno-plt)
 endif()
 
 # Host, plug-in and tests describe one object by interfaces of their own, so the

@@ -12,7 +12,11 @@ public:
     COleVariant(LPCSTR text, UINT codePage);
     COleVariant(const COleVariant&) = delete;
     COleVariant& operator=(const COleVariant&) = delete;
-    ~COleVariant() { VariantClear(this); }
+    ~COleVariant()
+    {
+        if (vt != VT_EMPTY) // mostly it was handed on
+            VariantClear(this);
+    }
 
     // Hands the value on; this variant is empty afterwards.
     VARIANT Detach() noexcept;
