@@ -41,7 +41,7 @@ TEST(BrowseArguments, OfAPropertyListing)
     const auto withNull = [&](const std::function<void(CPropertyCall&)>& change, DWORD limit) {
         CPropertyCall call(limit);
         change(call);
-        const std::string result = ResultName(call.Run(plant.table));
+        std::string result = ResultName(call.Run(plant.table));
         EXPECT_EQ(call.out.count, 0U);
         EXPECT_EQ(call.moreValue, 7U);
         EXPECT_EQ(call.pointValue, nullptr);
@@ -72,22 +72,10 @@ TEST(BrowseArguments, PathsThatLeadNowhere)
     std::string seventeenSteps = "MOTOR1";
     for (int i = 0; i < 16; ++i)
         seventeenSteps += ".A";
-    const std::string paths[] = {"NOTHING",
-                                 "W1",   // elementary values have no children
-                                 "W1.5", //
-                                 "MOTOR1.SPEED",
-                                 "PID1.SP",
-                                 "TAB[0]",
-                                 "MOTOR1.GONE", // no such member
-                                 "MOTOR1[0]",   // no array
-                                 "TAB[2]",      // outside the bounds
-                                 "TAB.X.Y",
-                                 "TAB[a]",  // no path at all
-                                 " MOTOR1", // blanks count here
-                                 ".",
-                                 "..MOTOR1",
-                                 "[0]",
-                                 seventeenSteps};
+    // Elementary values, unknown names, indexes of no array or outside it, and what is no path; blanks count.
+    const std::string paths[] = {"NOTHING",     "W1",        "W1.5",   "MOTOR1.SPEED", "PID1.SP", "TAB[0]",
+                                 "MOTOR1.GONE", "MOTOR1[0]", "TAB[2]", "TAB.X.Y",      "TAB[a]",  " MOTOR1",
+                                 ".",           "..MOTOR1",  "[0]",    seventeenSteps};
     for (const std::string& path : paths) {
         EXPECT_EQ(plant.table.Browse({.path = path.c_str()}), "E_INVALIDARG") << path;
         EXPECT_EQ(plant.Elements({.path = path.c_str()}), "E_INVALIDARG") << path;

@@ -54,9 +54,9 @@ struct CLoadedSymb
     // How often four requests reopened the database.
     int AskAndCount()
     {
-        int before = symb.reopened;
+        symb.reopened = 0;
         Ask();
-        return symb.reopened - before;
+        return symb.reopened;
     }
 
     CTemporaryFolder folder;
@@ -75,19 +75,11 @@ TEST(ChangeCheck, ReopensAtEachRequestWhileTheTimeDiffers)
     EXPECT_EQ(loaded.AskAndCount(), 4);
     ShiftFileTime(loaded.path, -20);
     EXPECT_EQ(loaded.AskAndCount(), 4);
-    ShiftFileTime(loaded.path, 10);
-    EXPECT_EQ(loaded.AskAndCount(), 0);
     EXPECT_EQ(loaded.sink.TakeText(), "");
-
-    ShiftFileTime(loaded.path, 5);
     loaded.Load();
     EXPECT_EQ(loaded.AskAndCount(), 0);
-}
 
-TEST(ChangeCheck, ASelectorThatIsRefusedChecksNothing)
-{
-    CLoadedSymb loaded;
-    ShiftFileTime(loaded.path, 10);
+    ShiftFileTime(loaded.path, 10); // a selector that is refused checks nothing
     CString text;
     AddressDescriptor* descriptor = nullptr;
     DWORD count = 0;

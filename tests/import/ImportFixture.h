@@ -4,6 +4,7 @@
 #include "support/FakeComponent.h"
 #include "support/HostView.h"
 #include "support/RecordingSink.h"
+#include "support/Split.h"
 #include "support/TemporaryFolder.h"
 
 #include <sstream>

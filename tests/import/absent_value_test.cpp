@@ -1,8 +1,11 @@
-// A call of the component that fails takes one value away, never the import; texts become numbers by fixed rules.
+// A call of the component that fails takes one value away, or ends a section of a function block, but never the import;
+// texts become numbers by fixed rules.
 #include "import/ImportFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -18,7 +21,9 @@ struct VariableCase
 };
 
 const char kVariables[] = "VAR A INT AT %MW7 block 5 @20 size 2 access 1 customer plant 'pump' VAR B INT";
-const char kWhole[] = "INT +20 size 2 block 5 access 1 at %MW7 'pump' customer \"plant\"";
+#define TEXTS " at %MW7 'pump' customer \"plant\""
+const char kWhole[] = "INT +20 size 2 block 5 access 1" TEXTS;
+const char kNoAccess[] = "INT +20 size 2 block 5" TEXTS;
 
 const VariableCase kVariableCases[] = {
     {"no such call", 1, Fault::Result(E_FAIL), kWhole},
@@ -30,26 +35,21 @@ const VariableCase kVariableCases[] = {
     {"GetAttribute name", 1, Fault::Result(E_FAIL), "", "B=!B"},
     {"GetAttribute typeName", 1, Fault::Result(E_FAIL), "", "B=!B"},
     {"GetChildText comment", 1, Fault::Result(E_FAIL), "INT +20 size 2 block 5 access 1 at %MW7 customer \"plant\""},
-    {"SelectChildren attribute name AreaBlock", 1, Fault::Result(E_FAIL),
-     "INT +20 size 2 access 1 at %MW7 'pump' customer \"plant\""},
+    {"SelectChildren attribute name AreaBlock", 1, Fault::Result(E_FAIL), "INT +20 size 2 access 1" TEXTS},
     {"SelectChildren attribute name AreaOffset", 1, Fault::ResultAndValue(S_FALSE),
-     "INT +0 size 2 block 5 access 1 at %MW7 'pump' customer \"plant\""},
-    {"GetAttribute value", 3, Fault::Result(E_FAIL),
-     "INT +20 size 0 block 5 access 1 at %MW7 'pump' customer \"plant\""},
+     "INT +0 size 2 block 5 access 1" TEXTS},
+    {"GetAttribute value", 3, Fault::Result(E_FAIL), "INT +20 size 0 block 5 access 1" TEXTS},
     {"SelectChildren attribute name CustomerString", 1, Fault::Result(S_OK),
      "INT +20 size 2 block 5 access 1 at %MW7 'pump'"},
     {"Next", 5, Fault::ResultAndValue(S_FALSE), "INT +20 size 2 block 5 access 1 at %MW7 'pump'"},
     {"Next", 1, Fault::ResultAndValue(S_FALSE), kWhole}, // of the block: the element counts
     // The access right is 3 whenever its look-up fails, whichever call it was.
-    {"SelectChildren attribute name RequestAccessRight", 1, Fault::Result(E_FAIL),
-     "INT +20 size 2 block 5 at %MW7 'pump' customer \"plant\""},
-    {"SelectChildren attribute name RequestAccessRight", 1, Fault::Result(S_FALSE),
-     "INT +20 size 2 block 5 at %MW7 'pump' customer \"plant\""},
-    {"Next", 6, Fault::Result(E_FAIL), "INT +20 size 2 block 5 at %MW7 'pump' customer \"plant\""},
-    {"Next", 6, Fault::ResultAndValue(S_FALSE), "INT +20 size 2 block 5 at %MW7 'pump' customer \"plant\""},
-    {"GetAttribute value", 5, Fault::Result(E_FAIL), "INT +20 size 2 block 5 at %MW7 'pump' customer \"plant\""},
-    {"GetAttribute value", 5, Fault::Result(S_OK),
-     "INT +20 size 2 block 5 access 0 at %MW7 'pump' customer \"plant\""}, // delivered empty
+    {"SelectChildren attribute name RequestAccessRight", 1, Fault::Result(E_FAIL), kNoAccess},
+    {"SelectChildren attribute name RequestAccessRight", 1, Fault::Result(S_FALSE), kNoAccess},
+    {"Next", 6, Fault::Result(E_FAIL), kNoAccess},
+    {"Next", 6, Fault::ResultAndValue(S_FALSE), kNoAccess},
+    {"GetAttribute value", 5, Fault::Result(E_FAIL), kNoAccess},
+    {"GetAttribute value", 5, Fault::Result(S_OK), "INT +20 size 2 block 5 access 0" TEXTS}, // delivered empty
 };
 
 TEST(AbsentValue, OfAVariableLeavesTheRestAlone)
@@ -78,36 +78,29 @@ TEST(AbsentValue, AVariableWithoutItsAddressIsListedButNotResolved)
     EXPECT_EQ(import.table.BrowsePage({.filter = "%UL"}, 0).Text(), "A=!A, B=!B");
 }
 
-struct NumberCase
-{
-    const char* properties;
-    const char* lookup;
-};
-
-const NumberCase kNumbers[] = {
-    {"", "INT +0 size 0 at %MW7"},
+// Properties, several between bars, and the lookup.
+const std::pair<const char*, const char*> kNumbers[] = {
+    {"|bit -1|access 2", "INT +0 size 0 at %MW7"},
     {"attr AreaOffset \" +12abc\" size \"2 \" block -1", "INT +12 size 2 block 65535 at %MW7"},
     {"@99999999999 block 65541", "INT +2147483647 size 0 block 5 at %MW7"},
     {"attr AreaOffset \" \t-3\" attr AreaOffset 8", "INT +4294967293 size 0 at %MW7"}, // the first of two counts
     {"bit 3 size 2", "INT as BOOL +0 size 2 bit 3 at %MW7"},
     {"bit 259 @4", "INT as BOOL +4 size 2 bit 3 at %MW7"}, // the low 8 bits
-    {"bit -1", "INT +0 size 0 at %MW7"},
     {"bit x", "INT as BOOL +0 size 2 bit 0 at %MW7"},
     {"access 1", "INT +0 size 0 access 1 at %MW7"},
-    {"access 2", "INT +0 size 0 at %MW7"},
     {"access 3", "INT +0 size 0 access 2 at %MW7"},
-    {"access 7", "INT +0 size 0 access 0 at %MW7"},
-    {"access -1", "INT +0 size 0 access 0 at %MW7"},
-    {"access \"\"", "INT +0 size 0 access 0 at %MW7"},
-    {"access 4294967297", "INT +0 size 0 access 0 at %MW7"}, // saturates, does not wrap to 1
+    // The last one saturates, it does not wrap to 1.
+    {"access 7|access -1|access \"\"|access 4294967297", "INT +0 size 0 access 0 at %MW7"},
 };
 
 TEST(ImportedNumbers, AreReadToTheFirstOtherCharacter)
 {
-    for (const NumberCase& row : kNumbers) {
-        CImport import(std::string("VAR A INT AT %MW7 ") + row.properties);
-        import.Load();
-        EXPECT_EQ(import.table.Lookup("a"), row.lookup) << row.properties;
+    for (const auto& [texts, lookup] : kNumbers) {
+        for (const std::string& properties : Split(texts)) {
+            CImport import("VAR A INT AT %MW7 " + properties);
+            import.Load();
+            EXPECT_EQ(import.table.Lookup("a"), lookup) << properties;
+        }
     }
 }
 
@@ -151,6 +144,98 @@ TEST(AbsentValue, OfAMemberLeavesTheRestAlone)
         EXPECT_THAT(import.DumpedText(), HasSubstr(row.dumped));
         EXPECT_EQ(import.fake.LivingObjects(), 0);
     }
+}
+
+const char kError[] = "KorvaPro Reader <plant.kds>: KDV file error in DFB parameter 0x80004005 ";
+
+struct SectionCase
+{
+    const char* call;
+    int occurrence;
+    Fault fault;
+    const char* messages;
+    const char* members; // of P, then of Q
+};
+
+// Twice two parameters, then one; each has neither properties nor a hidden flag unless written.
+const char kBlocks[] =
+    "DFB P IN A INT @1 B INT hidden 5 OUT C INT access 3 D INT access 7 DFB Q IN E INT 'set' access 2\n"
+    "NODATABLOCK";
+
+#define WHOLE "A(0,1):3 B(0,0):3 hidden C(0,0):2 D(0,0):0 | E(0,0):3"
+
+const SectionCase kSections[] = {
+    {"no such call", 1, Fault::Result(E_FAIL), "", WHOLE},
+    {"GetElementList FBSource", 1, Fault::ResultAndValue(S_FALSE), "", WHOLE}, // the list counts, not the result
+    // The stop flag: the parameter at hand is kept, the section ends, the next one is read.
+    {"SelectChildren attribute name AreaBlock", 1, Fault::Result(E_FAIL), "", "A(0,1):3 C(0,0):2 D(0,0):0 | E(0,0):3"},
+    {"SelectChildren attribute name RequestAccessRight", 3, Fault::Result(S_OK), "",
+     "A(0,1):3 B(0,0):3 hidden C(0,0):3 | E(0,0):3"},
+    {"SelectChildren attribute name Size", 4, Fault::Result(S_FALSE), "", WHOLE},
+    // The hidden flag of a section's last parameter decides over the sections after it, that of another one does not.
+    {"SelectChildren attribute name IsVariableHidden", 1, Fault::Result(E_FAIL), "", WHOLE},
+    {"SelectChildren attribute name IsVariableHidden", 2, Fault::Result(E_FAIL), kError,
+     "A(0,1):3 B(0,0):3 | E(0,0):3"},
+    {"GetAttribute value", 2, Fault::Result(E_FAIL), kError, "A(0,1):3 B(0,0):3 | E(0,0):3"},
+    {"GetAttribute value", 2, Fault::ResultAndValue(S_FALSE), "",
+     "A(0,1):3 B(0,0):3 C(0,0):2 D(0,0):0 | E(0,0):3"}, // the flag needs S_OK
+    {"SelectChildren attribute name IsVariableHidden", 4, Fault::Result(E_FAIL), kError, WHOLE},
+    {"SelectChildren attribute name IsVariableHidden", 5, Fault::Result(E_FAIL), kError, WHOLE},
+    // Values that do not come.
+    {"Item 0", 1, Fault::Result(S_OK), "", "E(0,0):3"},
+    {"GetChildren", 1, Fault::Result(E_FAIL), "", " | E(0,0):3"},
+    {"GetTagName", 1, Fault::Result(E_FAIL), "", "C(0,0):2 D(0,0):0 | E(0,0):3"},
+    {"GetChildren", 2, Fault::Result(E_FAIL), "", "C(0,0):2 D(0,0):0 | E(0,0):3"},
+    {"GetAttribute name", 5, Fault::Result(E_FAIL), "", "A(0,1):3 B(0,0):3 hidden C(0,0):2 (0,0):0 | E(0,0):3"},
+    {"GetAttribute value", 1, Fault::Result(E_FAIL), "", "A(0,0):3 B(0,0):3 hidden C(0,0):2 D(0,0):0 | E(0,0):3"},
+};
+
+// The members of each dumped definition as in the table.
+std::string ShortMembers(const std::vector<std::string>& lines)
+{
+    std::string text;
+    for (std::size_t i = 0; i + 3 < lines.size(); ++i) {
+        if (lines[i] == "DFBDef")
+            text += i > 1 ? " | " : "";
+        if (!lines[i].starts_with("DDT/DFB-Member"))
+            continue;
+        const std::string& numbers = lines[i + 3]; // " 2 A590148 (0,1)-0 : 3 0 0"
+        std::size_t open = numbers.find('(');
+        text += (text.empty() || text.ends_with("| ") ? "" : " ") +
+                lines[i].substr(std::min<std::size_t>(15, lines[i].size()));
+        text += numbers.substr(open, numbers.find(')') - open + 1) + ":" + numbers[numbers.find(" : ") + 3];
+        text += numbers.ends_with(" 1") ? " hidden" : "";
+    }
+    return text;
+}
+
+TEST(FunctionBlockSection, EndsWhereTheComponentFails)
+{
+    for (const SectionCase& row : kSections) {
+        SCOPED_TRACE(row.call + std::string(" ") + std::to_string(row.occurrence) + " " + ResultName(row.fault.result));
+        CImport import(kBlocks);
+        import.fake.Fail(row.call, row.occurrence, row.fault);
+        EXPECT_EQ(import.Load(FALSE), 0);
+        std::string messages = import.table.TakeMessages();
+        std::string withoutDataBlock = "KorvaPro Reader <plant.kds>:catched exception on BrowseAllItemInCMap";
+        EXPECT_EQ(messages, (*row.messages ? row.messages + std::string(" | ") : "") + withoutDataBlock);
+        EXPECT_EQ(ShortMembers(import.DumpedLines()), row.members);
+        EXPECT_EQ(import.fake.LivingObjects(), 0);
+    }
+}
+
+TEST(FunctionBlockSection, IsRecognisedInAnyCaseAndOthersAreSkipped)
+{
+    CTemporaryFolder folder;
+    CHostTable table;
+    table.Load(WriteExport(folder, "RAW <FBSource nameOfFBType='P'>"
+                                   "<INPUTparameters><variables name='A' typeName='INT'/></INPUTparameters>"
+                                   "<outputParameters><variables name='B' typeName='INT'/></outputParameters>"
+                                   "<comment><variables name='C' typeName='INT'/></comment>"
+                                   "<publicLocalVariables><anything name='D' typeName='INT'/></publicLocalVariables>"
+                                   "<inOutParameters><variables name='E' typeName='INT'/></inOutParameters>"
+                                   "</FBSource>\nVAR V P"));
+    EXPECT_EQ(table.Browse({.path = "V"}), "A, B, D, E");
 }
 
 } // namespace

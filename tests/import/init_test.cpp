@@ -1,10 +1,9 @@
-// How Init ends when the component fails, call by call.
+// How Init ends when the component fails, call by call, and when the export ends too early.
 #include "import/ImportFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -26,28 +25,25 @@ struct ExitCase
     const char* message;
 };
 
+#define READER "KorvaPro Reader <plant.kds>"
+
 const ExitCase kExits[] = {
-    {"CreateInstance", Fault::Result(E_FAIL), -1,
-     "KorvaPro Reader <plant.kds>:Init: Impossible to create the KorvaProServices"},
-    {"CreateInstance", Fault::Result(S_OK), -1,
-     "KorvaPro Reader <plant.kds>:Init: Impossible to create the KorvaProServices"},
+    {"CreateInstance", Fault::Result(E_FAIL), -1, READER ":Init: Impossible to create the KorvaProServices"},
+    {"CreateInstance", Fault::Result(S_OK), -1, READER ":Init: Impossible to create the KorvaProServices"},
     {"QueryInterface ImportSource", Fault::Result(E_NOINTERFACE), -1,
-     "KorvaPro Reader <plant.kds>:Init: Impossible to retrieve to ImportSource"},
-    {"QueryInterface ImportSource", Fault::Result(S_FALSE), -1,
-     "KorvaPro Reader <plant.kds>:Init: Impossible to retrieve to ImportSource"},
+     READER ":Init: Impossible to retrieve to ImportSource"},
+    {"QueryInterface ImportSource", Fault::Result(S_FALSE), -1, READER ":Init: Impossible to retrieve to ImportSource"},
     {"InitImportWithoutDlg", Fault::Result(E_FAIL), -1,
      "KorvaPro Exported Reader:Init: Error calling InitImportWithoutDlg"},
     {"InitImportWithoutDlg", Fault::Result(S_FALSE), 0, ""},
-    {"ImportFile", Fault::Result(E_FAIL), -1,
-     "KorvaPro Reader <plant.kds> :Init: Impossible to load the exported file .kds 0x80004005"},
+    {"ImportFile", Fault::Result(E_FAIL), -1, READER " :Init: Impossible to load the exported file .kds 0x80004005"},
     {"ImportFile", Fault::Result(static_cast<HRESULT>(0x8000FFFFU)), -1,
-     "KorvaPro Reader <plant.kds> :Init: Impossible to load the exported file .kds 0x8000FFFF"},
+     READER " :Init: Impossible to load the exported file .kds 0x8000FFFF"},
     {"ImportFile", Fault::Result(S_FALSE), 0, ""},
     {"QueryInterface WalkSource", Fault::Result(E_NOINTERFACE), -1,
-     "KorvaPro Reader <plant.kds>:Init: Impossible to retrieve to WalkSource"},
-    {"QueryInterface WalkSource", Fault::Result(S_OK), -1,
-     "KorvaPro Reader <plant.kds>:Init: Impossible to retrieve to WalkSource"},
-    {"FindElement", Fault::Result(E_FAIL), 0, "KorvaPro Reader <plant.kds>:catched exception on BrowseAllItemInCMap"},
+     READER ":Init: Impossible to retrieve to WalkSource"},
+    {"QueryInterface WalkSource", Fault::Result(S_OK), -1, READER ":Init: Impossible to retrieve to WalkSource"},
+    {"FindElement", Fault::Result(E_FAIL), 0, READER ":catched exception on BrowseAllItemInCMap"},
     {"FindElement", Fault::ResultAndValue(E_FAIL), 0, ""},
 };
 
@@ -70,17 +66,6 @@ TEST(Init, EachExitHasItsMessageAndGivesEverythingBack)
                 EXPECT_EQ(import.table.BrowsePage({}, 0).Text(), "");
             }
         }
-    }
-}
-
-TEST(Init, SendsNothingWithoutASink)
-{
-    for (const ExitCase& row : kExits) {
-        CFakeComponent fake(kPlant);
-        fake.Fail(row.call, 1, row.fault);
-        CHostTable table;
-        EXPECT_EQ(table.Load("plant.kds"), row.result) << row.call;
-        EXPECT_EQ(fake.LivingObjects(), 0);
     }
 }
 
@@ -143,13 +128,9 @@ TEST(Init, KeepsWhatWasImportedBeforeAnException)
             import.fake.Fail(row.call, row.occurrence, thrown.fault);
             EXPECT_EQ(import.Load(FALSE), 0);
             std::string expected;
-            for (std::string_view rest = row.operations; !rest.empty();) {
-                std::string_view operation = rest.substr(0, rest.find(' '));
+            for (const std::string& operation : Split(row.operations, " "))
                 expected += (expected.empty() ? "" : " | ") +
-                            ("KorvaPro Reader <plant.kds>:catched exception on " + std::string(operation)) +
-                            thrown.tail;
-                rest.remove_prefix(std::min(rest.size(), operation.size() + 1));
-            }
+                            ("KorvaPro Reader <plant.kds>:catched exception on " + operation) + thrown.tail;
             EXPECT_EQ(import.table.TakeMessages(), expected);
             EXPECT_EQ(import.table.BrowsePage({}, 0).Text(), row.variables);
             EXPECT_EQ(import.HasDump(), !std::string_view(row.operations).ends_with("Init"));
@@ -192,6 +173,82 @@ TEST(Init, WithoutDataBlockTheTypesAreThere)
     EXPECT_EQ(import.table.TakeMessages(), "KorvaPro Reader <plant.kds>:catched exception on BrowseAllItemInCMap");
     EXPECT_THAT(import.DumpedText(),
                 testing::AllOf(testing::StartsWith("ListType 1/DDTStruct/DDTStruct Motor/"), EndsWith("NbItem 0/")));
+}
+
+const char kEveryKind[] = "TYPE Motor STRUCT SPEED INT @4 size 2 'rpm' END\n"
+                          "TYPE Table ARRAY[1..2,0..3] OF Motor\n"
+                          "DFB Pid IN SP REAL @0 size 4 OUT OP Pid @4 size 4 hidden 1 END\n"
+                          "VAR W1 WORD AT %MW10 block 5 @20 size 2 bit 3 access 1 'a word' customer \"line 1\"\n"
+                          "VAR M1 Motor @200 size 40\n"
+                          "VAR T1 Table @400 size 320\n";
+
+// A rule applies to the calls that begin with its text: which of them the call at `index` is.
+int OccurrenceOf(const std::vector<std::string>& calls, std::size_t index)
+{
+    int occurrence = 0;
+    for (std::size_t i = 0; i <= index; ++i)
+        occurrence += calls[i].starts_with(calls[index]);
+    return occurrence;
+}
+
+void FailOnce(const std::string& call, int occurrence, const Fault& fault)
+{
+    CImport import(kEveryKind);
+    import.fake.Fail(call, occurrence, fault);
+    const LONG result = import.Load();
+    const std::string messages = import.table.TakeMessages();
+    EXPECT_TRUE(result == 0 || (result == -1 && messages.find("Init") != std::string::npos)) << result << messages;
+    const bool thrown = fault.kind != Fault::Kind::kResult && fault.kind != Fault::Kind::kResultAndValue;
+    // An exception is always told, and nothing is told in more than a line for each phase it can reach.
+    EXPECT_EQ(messages.empty() && thrown, false);
+    EXPECT_EQ(import.fake.LivingObjects(), 0);
+    // What is there answers, and a second load brings the rest.
+    import.table.Lookup("M1.SPEED");
+    EXPECT_EQ(import.table.BrowsePage({}, 0).result, 0);
+    EXPECT_EQ(import.Load(), 0);
+    EXPECT_EQ(import.table.Lookup("M1.SPEED"), "INT +204 size 2 'rpm'");
+    EXPECT_EQ(import.fake.LivingObjects(), 0);
+}
+
+TEST(Init, AnyCallOfTheComponentMayFail)
+{
+    CImport whole(kEveryKind);
+    ASSERT_EQ(whole.Load(), 0);
+    const std::vector<std::string> calls = Split(whole.fake.TakeCalls(), ", ");
+    ASSERT_GT(calls.size(), 50u);
+    for (std::size_t i = 0; i < calls.size() && !testing::Test::HasFailure(); ++i) {
+        const int occurrence = OccurrenceOf(calls, i);
+        for (const Fault& fault : {Fault::Result(E_FAIL), Fault::Result(S_FALSE), Fault::ResultAndValue(E_FAIL),
+                                   Fault::Standard("broken"), Fault::WithoutText(), Fault::Number()}) {
+            SCOPED_TRACE(calls[i] + " number " + std::to_string(occurrence) + ", fault " +
+                         std::to_string(static_cast<int>(fault.kind)));
+            // What a class object delivers beside a failure reaches nobody.
+            if (calls[i] == "CreateInstance" && fault.kind == Fault::Kind::kResultAndValue)
+                continue;
+            FailOnce(calls[i], occurrence, fault);
+        }
+    }
+}
+
+TEST(Init, AnExportThatEndsEarlyLeavesWhatWasLoaded)
+{
+    CTemporaryFolder folder;
+    CRecordingSink sink;
+    CHostTable table(sink);
+    const std::string whole = ReadWholeFile(EXAMPLES_DIR "/plant.kds");
+    const std::string path = folder.WriteFile("plant.kds", whole);
+    ASSERT_EQ(table.Load(path), 0);
+    const std::string expected = table.Lookup("UNIT1.PUMP[2].DRIVE.CURRENT");
+    ASSERT_TRUE(expected.starts_with("REAL")) << expected;
+    const std::size_t end = whole.rfind("</"); // from here on only blanks and the root's end are missing
+    for (std::size_t length = 0; length <= end; length += 1 + length / 64) {
+        SCOPED_TRACE(length);
+        folder.WriteFile("plant.kds", whole.substr(0, length));
+        ASSERT_EQ(table.Load(path), -1);
+        ASSERT_EQ(table.TakeMessages(),
+                  "KorvaPro Reader <plant.kds> :Init: Impossible to load the exported file .kds 0x8007000D");
+        ASSERT_EQ(table.Lookup("UNIT1.PUMP[2].DRIVE.CURRENT"), expected);
+    }
 }
 
 } // namespace

@@ -95,6 +95,9 @@ TEST_F(Walk, FindsElementsOfALargeDocument)
         text += i % 2'500 == 0 ? "<iron id='" + std::to_string(i) + "'/><\xC3\xA4 id='x'/>" : "<item><k/>text</item>";
     ASSERT_EQ(Load(text + "<kin id='y'/></r>"), S_OK);
     for (int again = 0; again < 2; ++again) {
+        EXPECT_EQ(AttributeOf(Find("iron"), "id"), "0");
+        EXPECT_TRUE(Find("item"));
+        EXPECT_FALSE(Find("items"));
         EXPECT_EQ(CountOf(All("item")), 9'996);
         EXPECT_EQ(RestOf(All("iron")), "iron=0 iron=2500 iron=5000 iron=7500");
         EXPECT_EQ(RestOf(All("kin")), "kin=y");

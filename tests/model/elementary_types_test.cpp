@@ -1,4 +1,5 @@
 // Names of types and what the classifiers make of them.
+#include "support/Split.h"
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTArrayDef.h"
 #include "symbkds/model/CSymbXMLDDTMember.h"
@@ -40,6 +41,14 @@ std::string OfElements(const CString& elementTypeName)
     CSymbXMLDDTArrayDef array;
     array.SetElementTypeName(elementTypeName);
     EXPECT_EQ(array.elementTypeName, elementTypeName);
+    return Codes(array.typeCode, array.elementVarType);
+}
+
+std::string OfElementCode(std::uint32_t elementCode)
+{
+    CSymbXMLDDTArrayDef array;
+    array.SetTypeFromElementCode(elementCode);
+    EXPECT_EQ(array.GetTypeCode(), array.typeCode);
     return Codes(array.typeCode, array.elementVarType);
 }
 
@@ -98,6 +107,7 @@ TEST(ElementaryTypes, HaveTheirCodesInEveryRole)
         EXPECT_EQ(OfVariable(lower.c_str(), types), "208/2011"); // the only one that minds the case
         EXPECT_EQ(OfMember(lower.c_str(), types), row.scalar);
         EXPECT_EQ(OfElements(lower.c_str()), row.elements);
+        EXPECT_EQ(OfElementCode(static_cast<std::uint32_t>(std::stoul(row.scalar, nullptr, 16))), row.arrayVariable);
         EXPECT_TRUE(types.GetDefinitions().IsEmpty());
         // An array written out, one of two dimensions and an array of arrays.
         const CString name = row.name;
@@ -111,29 +121,22 @@ TEST(ElementaryTypes, HaveTheirCodesInEveryRole)
     }
 }
 
+struct NameRow
+{
+    const char* names; // several between bars
+    const char* codes;
+    const char* memberCodes = "";
+};
+
 TEST(ElementaryTypes, AreWholeNames)
 {
-    const struct
-    {
-        const char* name;
-        const char* value;
-    } rows[] = {{"STRING[]", "120148/0"},
-                {"STRING[7", "120148/7"},
-                {"STRING[+7x]", "120148/7"},
-                {"STRING[-5]", "120148/0"}, // a size is never negative
-                {"STRING[99999999999]", "120148/7FFFFFFF"},
-                {"string[2]", "120148/2"},
-                {"STRINGX", "no"},
-                {"STRING ", "no"},
-                {"WSTRING[4]", "no"},
-                {"BOOL ", "no"},
-                {" BOOL", "no"},
-                {"INT2", "no"},
-                {"IN", "no"},
-                {"ARRAY", "no"},
-                {"", "no"}};
-    for (const auto& row : rows)
-        EXPECT_EQ(OfValue(row.name), row.value) << row.name;
+    const NameRow rows[] = {{"STRING[]|STRING[-5]", "120148/0"}, // a size is never negative
+                            {"STRING[7|STRING[+7x]|string[07]", "120148/7"},
+                            {"STRING[99999999999]", "120148/7FFFFFFF"},
+                            {"STRINGX|STRING |WSTRING[4]|BOOL | BOOL|INT2|IN|ARRAY|", "no"}};
+    for (const NameRow& row : rows)
+        for (const std::string& name : Split(row.names))
+            EXPECT_EQ(OfValue(name.c_str()), row.codes) << name;
     CString changed("ArrAy[0..1] of myType");
     std::uint32_t size = 0, code = 0;
     EXPECT_FALSE(ClassifyElementaryType(changed, size, code));
@@ -144,98 +147,43 @@ TEST(DerivedTypes, AreStructuredUnlessArraysOfNineTypes)
 {
     CSymbXml table;
     MAPOFDDTDEF& types = table.GetTypes();
-    auto structure = std::make_unique<CSymbXMLDDTStructDef>();
-    types.AddTypeDef("Motor", std::move(structure));
+    types.AddTypeDef("Motor", std::make_unique<CSymbXMLDDTStructDef>());
     types.AddTypeDef("Row", std::make_unique<CSymbXMLDDTArrayDef>(CString("ARRAY[0..1] OF int")));
-    const struct
-    {
-        const char* name;
-        const char* variable;
-        const char* member;
-    } rows[] = {{"Motor", "208/2011", "208/0"},
-                {"Nowhere", "208/2011", "208/0"},
-                {"", "208/2011", "208/0"},
-                {"ROW", "A591088/2002", "A591088/2012"},
-                {"array[0..9] of row", "A591088/2002", "A591088/2012"},
-                {"ARRAY[0..9] OF Motor", "208/2011", "208/0"},
-                {"ARRAY[0..9] OF Nowhere", "208/2011", "208/0"},
-                {"ARRAY[0..9]", "208/2011", "208/0"},
-                {"ARRAYX", "208/2011", "208/0"},
-                {"Bool ", "208/2011", "208/0"}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(OfVariable(row.name, types), row.variable) << row.name;
-        EXPECT_EQ(OfMember(row.name, types), row.member) << row.name;
+    const NameRow rows[] = {
+        {"ROW|array[0..9] of row", "A591088/2002", "A591088/2012"},
+        {"Motor|Nowhere||ARRAY[0..9] OF Motor|ARRAY[0..9] OF Nowhere|ARRAY[0..9]|ARRAYX|Bool ", "208/2011", "208/0"}};
+    for (const NameRow& row : rows) {
+        for (const std::string& name : Split(row.names)) {
+            EXPECT_EQ(OfVariable(name.c_str(), types), row.codes) << name;
+            EXPECT_EQ(OfMember(name.c_str(), types), row.memberCodes) << name;
+        }
     }
-}
-
-TEST(ArrayDefinition, TakesItsTypeFromAnElementCode)
-{
-    const struct
-    {
-        std::uint32_t elementCode;
-        const char* codes;
-    } rows[] = {{0x02290148, "2291088/200B"},  {0x04290148, "4291088/200B"}, {0x00A90148, "A91088/2012"},
-                {0x22590148, "22591088/2012"}, {0x0A590148, "A591088/2002"}, {0x06590148, "6591088/2003"},
-                {0x12590148, "12591088/2013"}, {0x00690148, "691088/2013"},  {0x05510148, "5511088/2004"},
-                {0x0A591088, "A591088/2002"}, // an array of arrays
-                {0x01290148, "208/2011"},      {0x01291088, "208/2011"},     {0x00000208, "208/2011"},
-                {0x00000002, "208/2011"},      {0xFFFFFFFF, "208/2011"},     {0, "208/2011"}};
-    for (const auto& row : rows) {
-        CSymbXMLDDTArrayDef array;
-        array.SetTypeFromElementCode(row.elementCode);
-        EXPECT_EQ(Codes(array.typeCode, array.elementVarType), row.codes) << row.elementCode;
-        EXPECT_EQ(array.GetTypeCode(), array.typeCode);
-    }
+    EXPECT_EQ(OfElementCode(0x0A591088), "A591088/2002"); // an array of arrays
+    for (const std::uint32_t code : {0x01291088U, 0x208U, 2U, 0xFFFFFFFFU, 0U})
+        EXPECT_EQ(OfElementCode(code), "208/2011") << code;
 }
 
 TEST(KindName, IsThatOfTheFirstMaskThatFits)
 {
-    const struct
-    {
-        std::uint32_t typeCode;
-        const char* kind;
-    } rows[] = {{0x0A590148, "EDT"},
-                {0x0A591088, "ARRAY DDT"},
-                {0x208, "Unknown"},
-                {2, "Unknown"},
-                {0, "Unknown"},
-                {0x888, "ANONYMOUS ARRAY"},
-                {0x88, "ARRAY DDT"},
-                {0x248, "STRUCT DDT"},
-                {0x348, "STRUCT DDT"},
-                {0x448, "IODDT"},
-                {0x10050, "DFB"},
-                {0x20050, "EFB"},
-                {0x30050, "DFB"},
-                {0x10148, "EDT"},
-                {0xFFFFFFFF, "ANONYMOUS ARRAY"}};
-    for (const auto& row : rows)
-        EXPECT_STREQ(KindName(row.typeCode), row.kind) << row.typeCode;
+    const std::pair<std::vector<std::uint32_t>, const char*> rows[] = {
+        {{0x0A590148, 0x10148}, "EDT"}, {{0x0A591088, 0x88}, "ARRAY DDT"},
+        {{0x208, 2, 0}, "Unknown"},     {{0x888, 0xFFFFFFFF}, "ANONYMOUS ARRAY"},
+        {{0x248, 0x348}, "STRUCT DDT"}, {{0x448}, "IODDT"},
+        {{0x10050, 0x30050}, "DFB"},    {{0x20050}, "EFB"}};
+    for (const auto& [codes, kind] : rows)
+        for (const std::uint32_t code : codes)
+            EXPECT_STREQ(KindName(code), kind) << code;
 }
 
-TEST(VariableRecord, KnowsPlainValues)
+TEST(VariableRecord, BeginsUnclassifiedAndShowsItsDeclaration)
 {
-    const struct
-    {
-        std::uint32_t typeCode;
-        bool scalar, bitOrWord;
-    } rows[] = {{0x02290148, true, true},  {0x04290148, true, true},  {0x0A590148, true, true},
-                {0x22590148, true, true},  {0x00A90148, true, true},  {0x01290148, true, false},
-                {0x06590148, true, false}, {0x05510148, true, false}, {0x0A591088, false, false},
-                {0x208, false, false},     {2, false, false}};
-    for (const auto& row : rows) {
-        CSymbXMLItemDef variable;
-        EXPECT_EQ(variable.typeCode, 2u);
-        EXPECT_EQ(variable.extractBit, 0xFF);
-        variable.typeCode = row.typeCode;
-        EXPECT_EQ(variable.IsElementaryScalar(), row.scalar) << row.typeCode;
-        EXPECT_EQ(variable.IsBitOrWordType(), row.bitOrWord) << row.typeCode;
-    }
     CSymbXMLItemDef variable;
+    EXPECT_EQ(variable.typeCode, 2u);
+    EXPECT_FALSE(variable.IsElementaryScalar());
     variable.typeName = "%TEMP_ARRAY3";
-    EXPECT_EQ(variable.GetDisplayTypeName().View(), "%TEMP_ARRAY3");
+    EXPECT_EQ(variable.GetDisplayTypeName(), "%TEMP_ARRAY3");
     variable.SetDeclaredTypeText("ARRAY[0..9] OF REAL");
-    EXPECT_EQ(variable.GetDisplayTypeName().View(), "ARRAY[0..9] OF REAL");
+    EXPECT_EQ(variable.GetDisplayTypeName(), "ARRAY[0..9] OF REAL");
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 // Array declarations, numbers and converted texts.
+#include "support/Split.h"
 #include "symbkds/model/ArrayDeclaration.h"
 #include "symbkds/model/TextNumber.h"
 #include "symbkds/model/WideToUtf8.h"
@@ -25,45 +26,40 @@ std::string ShowDeclaration(const std::string& text)
 
 struct TextCase
 {
-    const char* text;
+    const char* texts; // several between bars
     const char* shown;
 };
 
 const TextCase kDeclarations[] = {
     {"ARRAY[0..9] OF INT", "0..9 of INT"},
     {"array[-5..+5] of Int", "-5..5 of Int"},
-    {"ARRAY[1..2,0..3] OF REAL", "1..2 0..3 of REAL"},
     {"ARRAY[1..2, 0..3, \t-1.. 7] Of X", "1..2 0..3 -1..7 of X"},
     {"ARRAY[ 1..2] OF X", "1..2 of X"},
     // Blanks stand in front of numbers only; reading stops where the text does not fit.
-    {"ARRAY[1 ..2] OF REAL", "of REAL"},
-    {"ARRAY[1..2 ,0..3] OF REAL", "1..2 of REAL"},
-    {"ARRAY[1..2,,0..3] OF REAL", "1..2 of REAL"},
-    {"ARRAY[,1..2] OF REAL", "1..2 of REAL"},
-    {"ARRAY[1..2,] OF REAL", "1..2 of REAL"},
-    {"ARRAY[1..2;0..3] OF REAL", "1..2 of REAL"},
+    {"ARRAY[1 ..2] OF REAL|ARRAY[1...2] OF REAL|ARRAY[1.2] OF REAL|ARRAY[1..x] OF REAL|ARRAY[1..] OF REAL|"
+     "ARRAY[- 1..2] OF REAL|ARRAY[--1..2] OF REAL",
+     "of REAL"},
+    {"ARRAY[1..2 ,0..3] OF REAL|ARRAY[1..2,,0..3] OF REAL|ARRAY[,1..2] OF REAL|ARRAY[1..2,] OF REAL|"
+     "ARRAY[1..2;0..3] OF REAL",
+     "1..2 of REAL"},
     {"ARRAY[1..20..3] OF REAL", "1..20 of REAL"},
     {"ARRAY[1..20 3..4] OF REAL", "1..20 3..4 of REAL"}, // no comma is asked for
-    {"ARRAY[1...2] OF REAL", "of REAL"},
-    {"ARRAY[1.2] OF REAL", "of REAL"},
-    {"ARRAY[1..x] OF REAL", "of REAL"},
-    {"ARRAY[1..] OF REAL", "of REAL"},
-    {"ARRAY[- 1..2] OF REAL", "of REAL"},
-    {"ARRAY[--1..2] OF REAL", "of REAL"},
     {"ARRAY[1..2", "1..2 of "},
-    {"ARRAY[", "of "},
-    {"ARRAY[]", "of "},
-    {"ARRAYX", "of "},
-    {"", "of "},
+    {"ARRAY[|ARRAY[]|ARRAYX|", "of "},
     {"7..8 OF INT", "7..8 of INT"}, // without a bracket from the first character on
     // The first keyword counts, wherever it stands.
     {"ARRAY[0..1] OF ARRAY[2..3] OF INT", "0..1 of ARRAY[2..3] OF INT"},
     {"ARRAY[0..1] OF  INT ", "0..1 of  INT "},
-    {"ARRAY[0..1] OF ", "0..1 of "},
-    {"ARRAY[0..1] OF", "0..1 of "},
-    {"ARRAY[0..1]OF INT", "0..1 of "},
+    {"ARRAY[0..1] OF |ARRAY[0..1] OF|ARRAY[0..1]OF INT", "0..1 of "},
     {"X OF ARRAY[0..1] oF Y", "0..1 of ARRAY[0..1] oF Y"},
     {" OF [3..4]", "3..4 of [3..4]"},
+    // Ten dimensions and no more.
+    {"ARRAY[0..1,0..1,0..1,0..1,0..1,0..1,0..1,0..1,0..1,0..1,] OF X|"
+     "ARRAY[0..1,0..1,0..1,0..1,0..1,0..1,0..1,0..1,0..1,0..1,y] OF X",
+     "0..1 0..1 0..1 0..1 0..1 0..1 0..1 0..1 0..1 0..1 of X"},
+    {"ARRAY[0..1,0..1,0..1,0..1,0..1,0..1,0..1,0..1,0..1,0..1,2..3] OF X|"
+     "ARRAY[0..1,0..1,0..1,0..1,0..1,0..1,0..1,0..1,0..1,0..1,2..3,4..5] OF X",
+     "0..1 0..1 0..1 0..1 0..1 0..1 0..1 0..1 0..1 0..1 and more of X"},
     // Reversed and beyond 32 bits.
     {"ARRAY[9..0] OF INT", "9..0 of INT"},
     {"ARRAY[-99999999999999999999..99999999999999999999] OF INT", "-2147483648..2147483647 of INT"},
@@ -74,74 +70,34 @@ const TextCase kDeclarations[] = {
 TEST(ArrayDeclaration, IsReadAsFarAsItFits)
 {
     for (const TextCase& row : kDeclarations)
-        EXPECT_EQ(ShowDeclaration(row.text), row.shown) << row.text;
-}
-
-TEST(ArrayDeclaration, HasAtMostTenDimensions)
-{
-    std::string text = "ARRAY[";
-    std::string shown;
-    for (int i = 0; i < 10; ++i) {
-        text += std::to_string(i) + "..9,";
-        shown += std::to_string(i) + "..9 ";
-    }
-    EXPECT_EQ(ShowDeclaration(text + "] OF X"), shown + "of X");
-    EXPECT_EQ(ShowDeclaration(text + "y] OF X"), shown + "of X");
-    EXPECT_EQ(ShowDeclaration(text + "0..1] OF X"), shown + "and more of X");
-    EXPECT_EQ(ShowDeclaration(text + text.substr(6) + "] OF X"), shown + "and more of X");
+        for (const std::string& text : Split(row.texts))
+            EXPECT_EQ(ShowDeclaration(text), row.shown) << text;
 }
 
 TEST(ArrayBounds, CountOnlyWhatFits32Bits)
 {
     const std::int32_t low = INT32_MIN, high = INT32_MAX;
-    const struct
-    {
-        ArrayBounds bounds;
-        std::uint32_t count;
-    } rows[] = {{{0, 0}, 1},
-                {{-5, 5}, 11},
-                {{1, 0}, 0},
-                {{high, low}, 0},
-                {{low, high}, 0},
-                {{low, high - 1}, UINT32_MAX},
-                {{low + 1, high}, UINT32_MAX},
-                {{0, high}, 0x80000000},
-                {{low, low}, 1}};
-    for (const auto& row : rows)
-        EXPECT_EQ(row.bounds.ElementCount(), row.count) << row.bounds.lower << ".." << row.bounds.upper;
+    const auto count = [](std::int32_t lower, std::int32_t upper) { return ArrayBounds{lower, upper}.ElementCount(); };
+    EXPECT_EQ((std::vector{count(0, 0), count(-5, 5), count(1, 0), count(high, low), count(low, low)}),
+              (std::vector{1U, 11U, 0U, 0U, 1U}));
+    EXPECT_EQ((std::vector{count(low, high), count(low, high - 1), count(low + 1, high), count(0, high)}),
+              (std::vector{0U, UINT32_MAX, UINT32_MAX, 0x80000000U}));
 }
 
 TEST(TextNumber, StopsAtTheFirstOtherCharacterAndSaturates)
 {
-    const struct
-    {
-        const char* text;
-        std::int32_t number;
-    } rows[] = {{"", 0},
-                {"0", 0},
-                {"12", 12},
-                {" \t\r\n\v\f+12x9", 12},
-                {"-12", -12},
-                {"- 12", 0},
-                {"+-1", 0},
-                {"x1", 0},
-                {"2147483647", INT32_MAX},
-                {"2147483648", INT32_MAX},
-                {"-2147483648", INT32_MIN},
-                {"-2147483649", INT32_MIN},
-                {"4294967296", INT32_MAX},
-                {"18446744073709551617", INT32_MAX},
-                {"-18446744073709551617", INT32_MIN},
-                {"0000000000000000000012", 12},
-                {"1,2", 1},
-                {"\xFF"
-                 "1",
-                 0}};
-    for (const auto& row : rows) {
-        EXPECT_EQ(ParseNumber(row.text), row.number) << row.text;
-        EXPECT_EQ(ParseNumber(std::u16string(row.text, row.text + std::char_traits<char>::length(row.text)).c_str()),
-                  row.number)
-            << row.text;
+    const std::pair<const char*, std::int32_t> rows[] = {
+        {"|0|- 12|+-1|x1|\xFF\x31", 0},
+        {"12| \t\r\n\v\f+12x9|0000000000000000000012", 12},
+        {"-12", -12},
+        {"1,2", 1},
+        {"2147483647|2147483648|4294967296|18446744073709551617", INT32_MAX},
+        {"-2147483648|-2147483649|-18446744073709551617", INT32_MIN}};
+    for (const auto& [texts, number] : rows) {
+        for (const std::string& text : Split(texts)) {
+            EXPECT_EQ(ParseNumber(text.c_str()), number) << text;
+            EXPECT_EQ(ParseNumber(std::u16string(text.begin(), text.end()).c_str()), number) << text;
+        }
     }
     EXPECT_EQ(ParseNumber(static_cast<const char*>(nullptr)), 0);
     EXPECT_EQ(ParseNumber(u"\u0661"), 0); // digits of other scripts are none

@@ -1,13 +1,39 @@
 #include "platform/com/ClassObject.h"
-#include "platform/server/CountedObjects.h"
+#include "platform/com/InterfacePtr.h"
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <stdexcept>
 #include <thread>
 #include <vector>
 
 namespace {
+
+// A class object, which lives as a variable and stands for its objects too.
+class CCountedFactory : public IClassFactory
+{
+public:
+    virtual ~CCountedFactory() = default;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override
+    {
+        *object = iid == IID_IClassFactory && isFactory ? this : nullptr;
+        return *object ? (AddRef(), S_OK) : E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return static_cast<ULONG>(++references); }
+    ULONG STDMETHODCALLTYPE Release() override { return static_cast<ULONG>(--references); }
+
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID iid, void** object) override
+    {
+        *object = iid == IID_IUnknown ? this : nullptr;
+        return *object ? (AddRef(), S_OK) : E_NOINTERFACE;
+    }
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return E_NOTIMPL; }
+
+    bool isFactory = true;
+    std::atomic<int> references = 0;
+};
 
 constexpr CLSID kClass = {0x11111111, 0x2222, 0x3333, {1, 2, 3, 4, 5, 6, 7, 8}};
 constexpr CLSID kOtherClass = {0x11111111, 0x2222, 0x3333, {1, 2, 3, 4, 5, 6, 7, 9}};
@@ -32,7 +58,6 @@ protected:
     {
         CoUninitialize();
         EXPECT_EQ(factory.references, 0);
-        EXPECT_EQ(factory.alive, 0);
     }
 
     CCountedFactory factory;
@@ -63,15 +88,15 @@ TEST_F(ClassObject, NewestRegistrationWins)
 
     CInterfacePtr<IUnknown> object;
     ASSERT_EQ(Create(kClass, object.Put()), S_OK);
-    EXPECT_EQ(newer.alive, 1);
+    EXPECT_EQ(object.Get(), &newer);
     object.Release();
     EXPECT_EQ(CoRevokeClassObject(newCookie), S_OK);
     EXPECT_EQ(newer.references, 0);
     EXPECT_EQ(CoRevokeClassObject(newCookie), CO_E_OBJNOTREG);
 
     ASSERT_EQ(Create(kClass, object.Put()), S_OK);
-    EXPECT_EQ(factory.alive, 1);
-    EXPECT_EQ(factory.references, 1); // the registration's own
+    EXPECT_EQ(object.Get(), &factory);
+    EXPECT_EQ(factory.references, 2); // the registration's own is one
     EXPECT_EQ(Create(kOtherClass, object.Put()), REGDB_E_CLASSNOTREG);
     EXPECT_EQ(CoRevokeClassObject(oldCookie), S_OK);
     EXPECT_EQ(Create(kClass, object.Put()), REGDB_E_CLASSNOTREG);
@@ -80,19 +105,16 @@ TEST_F(ClassObject, NewestRegistrationWins)
 TEST_F(ClassObject, FailuresLeaveNothingBehind)
 {
     const DWORD cookie = Register(&factory);
-    IUnknown* const poison = &factory;
-    IUnknown* object = poison;
-    void** const out = reinterpret_cast<void**>(&object);
+    const auto expectFailure = [this](IUnknown* outer, REFIID iid, HRESULT result) {
+        void* object = &factory;
+        EXPECT_EQ(CoCreateInstance(kClass, outer, CLSCTX_INPROC_SERVER, iid, &object), result);
+        EXPECT_EQ(object, nullptr);
+    };
     EXPECT_EQ(CoCreateInstance(kClass, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, nullptr), E_POINTER);
-    EXPECT_EQ(CoCreateInstance(kClass, poison, CLSCTX_INPROC_SERVER, IID_IUnknown, out), CLASS_E_NOAGGREGATION);
-    EXPECT_EQ(object, nullptr);
-    object = poison;
-    EXPECT_EQ(CoCreateInstance(kClass, nullptr, CLSCTX_INPROC_SERVER, kOtherClass, out), E_NOINTERFACE);
-    EXPECT_EQ(object, nullptr);
+    expectFailure(&factory, IID_IUnknown, CLASS_E_NOAGGREGATION);
+    expectFailure(nullptr, kOtherClass, E_NOINTERFACE);
     factory.isFactory = false;
-    object = poison;
-    EXPECT_EQ(Create(kClass, &object), E_NOINTERFACE);
-    EXPECT_EQ(object, nullptr);
+    expectFailure(nullptr, IID_IUnknown, E_NOINTERFACE);
     EXPECT_EQ(CoRevokeClassObject(cookie), S_OK);
 
     DWORD none = 1;

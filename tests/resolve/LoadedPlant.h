@@ -4,6 +4,7 @@
 #include "support/ExportBuilder.h"
 #include "support/HostView.h"
 #include "support/RecordingSink.h"
+#include "support/Split.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -25,15 +26,16 @@ struct CLoadedPlant
 
 struct LookupCase
 {
-    const char* name;
-    const char* text; // as HostSymbol shows it
+    const char* names; // several between bars
+    const char* text;  // as HostSymbol shows it
 };
 
 inline void ExpectLookups(std::string_view exportText, std::span<const LookupCase> rows)
 {
     CLoadedPlant plant(exportText);
     for (const LookupCase& row : rows)
-        EXPECT_EQ(plant.table.Lookup(row.name), row.text) << row.name;
+        for (const std::string& name : Split(row.names))
+            EXPECT_EQ(plant.table.Lookup(name.c_str()), row.text) << name;
 }
 
 // One export and its lookups.
@@ -42,6 +44,12 @@ struct PlantCase
     const char* exportText;
     std::vector<LookupCase> lookups;
 };
+
+inline void ExpectLookups(std::span<const PlantCase> plants)
+{
+    for (const PlantCase& row : plants)
+        ExpectLookups(row.exportText, row.lookups);
+}
 
 // What the lookup of any path answers when a definition refuses it.
 inline constexpr char kNoSuchPath[] = "E_INVALIDARG, silent";

@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <random>
+#include <set>
 
 namespace {
 
@@ -194,6 +195,19 @@ std::string LowerCase(std::string text)
     return text;
 }
 
+// Every name below `path`, as the identifiers of listings spell it.
+void Walk(const CHostTable& table, const std::string& path, std::set<std::string>& names)
+{
+    const std::u16string parent(path.begin(), path.end());
+    for (const HostElement& element :
+         table.BrowsePage({.path = path.c_str(), .parentId = parent.c_str()}, 0).elements) {
+        const std::string name = element.itemId.substr(path.empty() ? 1 : 0); // behind "!"
+        names.insert(name);
+        if (element.kind == 3)
+            Walk(table, name, names);
+    }
+}
+
 TEST(PlainModel, AgreesOnEveryPath)
 {
     std::size_t compared = 0;
@@ -207,6 +221,22 @@ TEST(PlainModel, AgreesOnEveryPath)
         }
     }
     EXPECT_GT(compared, 10000u);
+}
+
+TEST(PlainModel, ListsEveryPath)
+{
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        const CProject project(seed);
+        CLoadedPlant plant(project.text);
+        std::set<std::string> listed;
+        Walk(plant.table, "", listed);
+        std::erase_if(listed, [](const std::string& name) { return name.find_first_of(".[") == std::string::npos; });
+        std::set<std::string> expected;
+        for (const auto& [path, place] : project.expected)
+            if (!path.ends_with(".15"))
+                expected.insert(path);
+        EXPECT_EQ(listed, expected) << project.text;
+    }
 }
 
 } // namespace

@@ -1,185 +1,229 @@
 #include "support/ExportBuilder.h"
 
-#include "support/ExportWords.h"
-
 #include <algorithm>
-#include <array>
-#include <cctype>
+#include <map>
 #include <stdexcept>
 
 namespace {
 
-struct Keyword
+using Names = std::map<std::string, const char*, std::less<>>;
+
+const Names& Properties()
 {
-    const char* word;
-    const char* name;
-};
-
-constexpr Keyword kProperties[] = {{"size", "Size"},
-                                   {"block", "AreaBlock"},
-                                   {"bit", "ExtractBit"},
-                                   {"access", "RequestAccessRight"},
-                                   {"hidden", "IsVariableHidden"},
-                                   {"indirection", "IndirectionKind"},
-                                   {"customer", "CustomerString"}};
-
-constexpr Keyword kSections[] = {{"IN", "inputParameters"},
-                                 {"INOUT", "inOutParameters"},
-                                 {"OUT", "outputParameters"},
-                                 {"PRIVATE", "privateLocalVariables"},
-                                 {"PUBLIC", "publicLocalVariables"}};
-
-template <std::size_t kCount>
-const Keyword* FindKeyword(const Keyword (&table)[kCount], const Word& word)
-{
-    const Keyword* found = std::find_if(std::begin(table), std::end(table),
-                                        [&word](const Keyword& keyword) { return word.Is(keyword.word); });
-    return found == std::end(table) ? nullptr : found;
+    static const Names names = {{"size", "Size"},
+                                {"block", "AreaBlock"},
+                                {"bit", "ExtractBit"},
+                                {"access", "RequestAccessRight"},
+                                {"hidden", "IsVariableHidden"},
+                                {"indirection", "IndirectionKind"},
+                                {"customer", "CustomerString"}};
+    return names;
 }
 
+const Names& Sections()
+{
+    static const Names names = {{"IN", "inputParameters"},
+                                {"INOUT", "inOutParameters"},
+                                {"OUT", "outputParameters"},
+                                {"PRIVATE", "privateLocalVariables"},
+                                {"PUBLIC", "publicLocalVariables"}};
+    return names;
+}
+
+constexpr std::string_view kBlanks = " \n\t";
+
+enum class WordForm
+{
+    kBare,
+    kQuoted,
+    kComment,
+    kRaw,
+    kEnd
+};
+
+// Takes a text apart, one word ahead.
 class CExportParser
 {
 public:
-    explicit CExportParser(std::string_view text) : words(text) {}
+    explicit CExportParser(std::string_view text) : whole(text), rest(text) { Advance(); }
 
     ExportNode Parse()
     {
-        ExportNode root{"LocatedSymbolTable", {}, "", {}};
-        ExportNode dataBlock{"dataBlock", {}, "", {}};
+        ExportNode root{"LocatedSymbolTable"}, dataBlock{"dataBlock"};
         bool wantsDataBlock = true;
-        while (words.Peek().form != WordForm::kEnd) {
-            if (words.TakeIf("TYPE"))
+        while (form != WordForm::kEnd) {
+            if (TakeIf("TYPE"))
                 root.children.push_back(ParseType());
-            else if (words.TakeIf("DFB"))
+            else if (TakeIf("DFB"))
                 root.children.push_back(ParseFunctionBlock());
-            else if (words.TakeIf("VAR"))
-                dataBlock.children.push_back(ParseVariable());
-            else if (words.TakeIf("RAW"))
-                root.children.push_back(TakeRaw());
-            else if (words.TakeIf("RAWVAR"))
-                dataBlock.children.push_back(TakeRaw());
-            else if (words.TakeIf("NODATABLOCK"))
+            else if (TakeIf("VAR"))
+                dataBlock.children.push_back(ParseMember());
+            else if (Is("RAW"))
+                root.children.push_back(ParseMember());
+            else if (TakeIf("RAWVAR"))
+                dataBlock.children.push_back({.text = Take()});
+            else if (TakeIf("NODATABLOCK"))
                 wantsDataBlock = false;
             else
                 Refuse("a declaration is expected");
         }
         if (wantsDataBlock)
             root.children.push_back(std::move(dataBlock));
-        else if (!dataBlock.children.empty())
-            Refuse("variables stand beside NODATABLOCK");
         return root;
     }
 
 private:
     [[noreturn]] void Refuse(const std::string& reason) const
     {
-        throw std::runtime_error("line " + std::to_string(words.Peek().line) + ": " + reason + " at \"" +
-                                 words.Peek().text + "\"");
+        const std::string_view read = whole.substr(0, whole.size() - rest.size());
+        throw std::runtime_error("line " + std::to_string(1 + std::count(read.begin(), read.end(), '\n')) + ": " +
+                                 reason + " at \"" + word + "\"");
     }
 
-    ExportNode TakeRaw() { return {"", {}, words.Take().text, {}}; }
-
+    bool Is(std::string_view keyword) const { return form == WordForm::kBare && word == keyword; }
+    bool TakeIf(std::string_view keyword) { return Is(keyword) && (Advance(), true); }
+    std::string Take()
+    {
+        std::string taken = word;
+        Advance();
+        return taken;
+    }
     std::string TakeText(const char* what)
     {
-        WordForm form = words.Peek().form;
         if (form != WordForm::kBare && form != WordForm::kQuoted)
             Refuse(std::string(what) + " is expected");
-        return words.Take().text;
+        return Take();
     }
 
-    static bool IsOf(const Word& word)
+    char Pop()
     {
-        return word.form == WordForm::kBare && word.text.size() == 2 && std::toupper(word.text[0]) == 'O' &&
-               std::toupper(word.text[1]) == 'F';
+        const char first = rest.front();
+        rest.remove_prefix(1);
+        return first;
+    }
+
+    void Advance()
+    {
+        const bool raw = Is("RAW") || Is("RAWVAR");
+        rest.remove_prefix(std::min(rest.find_first_not_of(kBlanks), rest.size()));
+        word.clear();
+        form = rest.empty()           ? WordForm::kEnd
+               : raw                  ? WordForm::kRaw
+               : rest.front() == '"'  ? WordForm::kQuoted
+               : rest.front() == '\'' ? WordForm::kComment
+                                      : WordForm::kBare;
+        if (form == WordForm::kQuoted || form == WordForm::kComment)
+            return ReadQuoted(Pop());
+        int open = 0; // blanks between brackets belong to the word
+        while (!rest.empty() && (raw ? rest.front() != '\n' : open > 0 || kBlanks.find(rest.front()) == kBlanks.npos)) {
+            open += (rest.front() == '[') - (rest.front() == ']');
+            word += Pop();
+        }
+    }
+
+    void ReadQuoted(char quote)
+    {
+        while (!rest.empty()) {
+            const char next = Pop();
+            if (next == quote && !rest.starts_with(quote))
+                return;
+            if (next == quote)
+                Pop();
+            word += next;
+        }
+        Refuse("a quote is not closed");
     }
 
     std::string TakeTypeName()
     {
         std::string name = TakeText("a type");
-        while (IsOf(words.Peek())) {
-            name += " " + words.Take().text;
+        while (Is("OF") || Is("Of") || Is("oF") || Is("of")) {
+            name += " " + Take();
             name += " " + TakeText("an element type");
         }
         return name;
     }
 
-    bool AtDeclaration() const
+    // Takes the END of a declaration, which another one implies.
+    bool AtEnd()
     {
-        static constexpr std::array kWords = {"TYPE", "DFB", "VAR", "RAWVAR", "NODATABLOCK"};
-        const Word& next = words.Peek();
-        return next.form == WordForm::kEnd ||
-               std::any_of(kWords.begin(), kWords.end(), [&next](const char* word) { return next.Is(word); });
+        return TakeIf("END") || form == WordForm::kEnd || Is("TYPE") || Is("DFB") || Is("VAR") || Is("RAWVAR") ||
+               Is("NODATABLOCK");
     }
 
     ExportNode ParseType()
     {
-        ExportNode source{"DDTSource", {{"DDTName", TakeText("a name")}}, "", {}};
-        if (words.TakeIf("STRUCT")) {
-            ExportNode structure{"structure", {}, "", {}};
-            while (!words.TakeIf("END") && !AtDeclaration())
-                structure.children.push_back(words.TakeIf("RAW") ? TakeRaw() : ParseVariable());
-            source.children.push_back(std::move(structure));
+        ExportNode source{"DDTSource", {{"DDTName", TakeText("a name")}}};
+        if (TakeIf("STRUCT")) {
+            source.children.push_back({"structure"});
+            while (!AtEnd())
+                source.children[0].children.push_back(ParseMember());
         } else {
-            words.TakeIf("ARRAY");
-            source.children.push_back({"array", {}, TakeTypeName(), {}});
+            TakeIf("ARRAY");
+            source.children.push_back({.tag = "array", .text = TakeTypeName()});
         }
         return source;
     }
 
     ExportNode ParseFunctionBlock()
     {
-        ExportNode source{"FBSource", {{"nameOfFBType", TakeText("a name")}}, "", {}};
-        std::vector<ExportNode>* open = &source.children;
-        while (!words.TakeIf("END") && !AtDeclaration()) {
-            if (const Keyword* section = FindKeyword(kSections, words.Peek())) {
-                words.Take();
-                source.children.push_back({section->name, {}, "", {}});
-                open = &source.children.back().children;
-            } else if (words.TakeIf("RAW")) {
-                open->push_back(TakeRaw());
-            } else if (open == &source.children) {
+        ExportNode source{"FBSource", {{"nameOfFBType", TakeText("a name")}}};
+        while (!AtEnd()) {
+            const auto section = Sections().find(word);
+            if (form == WordForm::kBare && section != Sections().end()) {
+                Advance();
+                source.children.push_back({section->second});
+            } else if (source.children.empty()) {
                 Refuse("a section is expected");
             } else {
-                open->push_back(ParseVariable());
+                source.children.back().children.push_back(ParseMember());
             }
         }
         return source;
     }
 
-    ExportNode ParseVariable()
+    // A variable, parameter or member, or raw text in its place.
+    ExportNode ParseMember()
     {
-        std::string name = TakeText("a name");
-        ExportNode node{"variables", {{"name", std::move(name)}, {"typeName", TakeTypeName()}}, "", {}};
+        if (TakeIf("RAW"))
+            return {.text = Take()};
+        ExportNode node{"variables", {{"name", TakeText("a name")}}};
+        node.attributes.emplace_back("typeName", TakeTypeName());
         while (ParseProperty(node)) {}
         return node;
     }
 
     bool ParseProperty(ExportNode& node)
     {
-        if (words.Peek().form == WordForm::kComment) {
-            node.children.push_back({"comment", {}, words.Take().text, {}});
-        } else if (words.Peek().form == WordForm::kBare && words.Peek().text.starts_with('@')) {
-            AddProperty(node, "AreaOffset", words.Take().text.substr(1));
-        } else if (const Keyword* property = FindKeyword(kProperties, words.Peek())) {
-            words.Take();
-            AddProperty(node, property->name, TakeText("a value"));
-        } else if (words.TakeIf("attr")) {
-            std::string name = TakeText("a name");
-            AddProperty(node, name, TakeText("a value"));
-        } else if (words.TakeIf("AT")) {
+        if (form == WordForm::kComment) {
+            node.children.push_back({.tag = "comment", .text = Take()});
+            return true;
+        }
+        if (form != WordForm::kBare)
+            return false;
+        if (TakeIf("AT")) {
             node.attributes.emplace_back("topologicalAddress", TakeText("an address"));
+            return true;
+        }
+        std::string name;
+        if (word.starts_with('@')) {
+            name = "AreaOffset";
+            word.erase(0, 1);
+        } else if (const auto property = Properties().find(word); property != Properties().end()) {
+            name = property->second;
+            Advance();
+        } else if (TakeIf("attr")) {
+            name = TakeText("a name");
         } else {
             return false;
         }
+        node.children.push_back({"attribute", {{"name", name}, {"value", TakeText("a value")}}});
         return true;
     }
 
-    static void AddProperty(ExportNode& node, const std::string& name, const std::string& value)
-    {
-        node.children.push_back({"attribute", {{"name", name}, {"value", value}}, "", {}});
-    }
-
-    CWordReader words;
+    std::string_view whole, rest;
+    WordForm form = WordForm::kEnd;
+    std::string word;
 };
 
 // Line ends too, which a reader would make blanks of inside an attribute.
@@ -195,13 +239,6 @@ std::string EscapeXml(std::string_view text)
     return escaped;
 }
 
-} // namespace
-
-ExportNode ParseExport(std::string_view text)
-{
-    return CExportParser(text).Parse();
-}
-
 std::string ToXml(const ExportNode& node)
 {
     if (node.tag.empty())
@@ -209,20 +246,20 @@ std::string ToXml(const ExportNode& node)
     std::string xml = "<" + node.tag;
     for (const auto& [name, value] : node.attributes)
         xml += " " + name + "=\"" + EscapeXml(value) + "\"";
-    if (node.text.empty() && node.children.empty())
-        return xml + "/>";
     xml += ">" + EscapeXml(node.text);
     for (const ExportNode& child : node.children)
         xml += ToXml(child);
     return xml + "</" + node.tag + ">";
 }
 
-std::string BuildExport(std::string_view text)
+} // namespace
+
+ExportNode ParseExport(std::string_view text)
 {
-    return ToXml(ParseExport(text)) + "\n";
+    return CExportParser(text).Parse();
 }
 
 std::string WriteExport(const CTemporaryFolder& folder, std::string_view text, std::string_view name)
 {
-    return folder.WriteFile(name, BuildExport(text));
+    return folder.WriteFile(name, ToXml(ParseExport(text)));
 }

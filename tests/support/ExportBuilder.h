@@ -32,19 +32,14 @@
 // One element of an export; without a tag it is raw text.
 struct ExportNode
 {
-    std::string tag;
-    std::vector<std::pair<std::string, std::string>> attributes;
-    std::string text;
-    std::vector<ExportNode> children;
+    std::string tag = {};
+    std::vector<std::pair<std::string, std::string>> attributes = {};
+    std::string text = {};
+    std::vector<ExportNode> children = {};
 };
 
 // Throws std::runtime_error with the line number when the text makes no sense.
 ExportNode ParseExport(std::string_view text);
-
-std::string ToXml(const ExportNode& node);
-
-// The XML for a text.
-std::string BuildExport(std::string_view text);
 
 // Writes the XML for a text into the folder; returns the file's path.
 std::string WriteExport(const CTemporaryFolder& folder, std::string_view text, std::string_view name = "plant.kds");

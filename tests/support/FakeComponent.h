@@ -2,28 +2,50 @@
 
 #include "korvaproservices/KorvaProServices.h"
 #include "support/ExportBuilder.h"
-#include "support/Fault.h"
 #include "support/HostView.h"
 
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+
+// What a call of the component does instead of its work.
+struct Fault
+{
+    enum class Kind
+    {
+        kResult,         // `result`, nothing delivered
+        kResultAndValue, // `result`, but the value is delivered
+        kStandard,       // throws std::runtime_error(text)
+        kWithoutText,    // throws a std::exception whose what() is null
+        kNumber          // throws an int
+    };
+
+    Kind kind;
+    HRESULT result = 0;
+    std::string text = {};
+
+    static Fault Result(HRESULT result) { return {Kind::kResult, result}; }
+    static Fault ResultAndValue(HRESULT result) { return {Kind::kResultAndValue, result}; }
+    static Fault Standard(std::string text) { return {Kind::kStandard, 0, std::move(text)}; }
+    static Fault WithoutText() { return {Kind::kWithoutText}; }
+    static Fault Number() { return {Kind::kNumber}; }
+};
 
 struct FakeState;
 
 // Takes the place of the project-services component while it lives.
 //
 // Whoever creates the component in this process gets one that walks the given
-// tree (raw text in it is passed over), whatever file it is told to load. Every
+// export (raw text in it is passed over), whatever file it is told to load. Every
 // call is recorded with its arguments and can be made to fail. A tear-off
 // object stands behind each interface, so that the order in which a caller
 // gives them back can be seen.
 class CFakeComponent
 {
 public:
-    explicit CFakeComponent(std::string_view exportText) : CFakeComponent(ParseExport(exportText)) {}
-    explicit CFakeComponent(ExportNode tree);
+    explicit CFakeComponent(std::string_view exportText);
     CFakeComponent(const CFakeComponent&) = delete;
     CFakeComponent& operator=(const CFakeComponent&) = delete;
     ~CFakeComponent();

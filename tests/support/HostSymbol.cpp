@@ -1,12 +1,10 @@
 // What a lookup hands over, read by offset and given back.
 #include "support/HostView.h"
 
-#include "support/RecordBytes.h"
-
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <map>
 #include <new>
 
 namespace {
@@ -154,20 +152,13 @@ std::string DescribeValue(const HostSymbol& symbol)
 
 std::string ResultName(HRESULT result)
 {
-    switch (static_cast<DWORD>(result)) {
-    case 0:
-        return "S_OK";
-    case 0xFFFFFFFF:
-        return "refused";
-    case 0x80004001:
-        return "E_NOTIMPL";
-    case 0x80070057:
-        return "E_INVALIDARG";
-    case 0x8007000E:
-        return "E_OUTOFMEMORY";
-    default:
-        return Hexadecimal(static_cast<DWORD>(result));
-    }
+    static const std::map<DWORD, const char*> names = {{0, "S_OK"},
+                                                       {0xFFFFFFFF, "refused"},
+                                                       {0x80004001, "E_NOTIMPL"},
+                                                       {0x80070057, "E_INVALIDARG"},
+                                                       {0x8007000E, "E_OUTOFMEMORY"}};
+    const auto found = names.find(static_cast<DWORD>(result));
+    return found == names.end() ? Hexadecimal(static_cast<DWORD>(result)) : found->second;
 }
 
 std::string TypeCodeName(DWORD typeCode)

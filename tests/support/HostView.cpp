@@ -1,11 +1,9 @@
 #include "support/HostView.h"
 
-#include "platform/com/ClassObject.h"
 #include "platform/com/TaskMemory.h"
 #include "platform/win32/CodePage.h"
 #include "platform/win32/File.h"
 #include "platform/win32/Library.h"
-#include "support/RecordBytes.h"
 #include "support/RecordingSink.h"
 
 #include <cstring>
@@ -62,16 +60,6 @@ const HostLibrary& LoadHostLibrary()
 {
     static const HostLibrary library = OpenLibraryBesideProgram();
     return library;
-}
-
-CComScope::CComScope()
-{
-    CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-}
-
-CComScope::~CComScope()
-{
-    CoUninitialize();
 }
 
 std::string Narrow(LPCWSTR text)

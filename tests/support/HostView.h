@@ -7,16 +7,31 @@
 // texts, arrays and allocators is shared, as between any host and its plug-ins.
 #pragma once
 
+#include "platform/com/ClassObject.h"
 #include "platform/com/Variant.h"
 #include "platform/mfc/CArray.h"
 #include "platform/mfc/CString.h"
-#include "support/HostSink.h"
 
+#include <cstddef>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
 
+class CHostSink;
 class CRecordingSink;
+
+// Whether the records that hold pointers have their 64-bit layout.
+inline constexpr bool kWideRecords = sizeof(void*) == 8;
+
+// A field of a record by its byte offset.
+template <class Value>
+Value ReadAt(const void* record, std::size_t offset)
+{
+    Value value;
+    std::memcpy(&value, static_cast<const char*>(record) + offset, sizeof(value));
+    return value;
+}
 
 // The operations in their order.
 class CHostSymb
@@ -185,10 +200,10 @@ private:
 // Initialises COM on this thread while it lives.
 struct CComScope
 {
-    CComScope();
+    CComScope() { CoInitializeEx(nullptr, COINIT_MULTITHREADED); }
     CComScope(const CComScope&) = delete;
     CComScope& operator=(const CComScope&) = delete;
-    ~CComScope();
+    ~CComScope() { CoUninitialize(); }
 };
 
 std::string Narrow(LPCWSTR text);

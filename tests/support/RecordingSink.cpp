@@ -6,7 +6,7 @@
 void CRecordingSink::Trace(LONG level, LPCSTR text)
 {
     std::unique_lock lock(guard);
-    lines.push_back({level, text});
+    lines += (lines.empty() ? "" : " | ") + (level == 2 ? "" : "[" + std::to_string(level) + "] ") + text;
     if (holding) {
         ++held;
         changed.notify_all();
@@ -20,11 +20,7 @@ void CRecordingSink::Trace(LONG level, LPCSTR text)
 std::string CRecordingSink::TakeText()
 {
     std::lock_guard lock(guard);
-    std::string joined;
-    for (const TraceLine& line : std::exchange(lines, {}))
-        joined += (joined.empty() ? "" : " | ") + (line.level == 2 ? "" : "[" + std::to_string(line.level) + "] ") +
-                  line.text;
-    return joined;
+    return std::exchange(lines, "");
 }
 
 void CRecordingSink::Hold()

@@ -1,11 +1,21 @@
 #pragma once
 
-#include "support/HostSink.h"
+#include "platform/win32/Types.h"
 
 #include <condition_variable>
 #include <mutex>
 #include <string>
-#include <vector>
+
+// What a host implements to receive diagnostic lines, declared as a host's author reads it from the documents: an
+// object whose first virtual operation takes a level and a text.
+class CHostSink
+{
+public:
+    virtual void Trace(LONG level, LPCSTR text) = 0;
+
+protected:
+    ~CHostSink() = default;
+};
 
 // A sink that keeps what it receives. May be called from several threads.
 class CRecordingSink : public CHostSink
@@ -29,15 +39,9 @@ public:
     void ThrowFromNowOn(std::string text);
 
 private:
-    struct TraceLine
-    {
-        LONG level;
-        std::string text;
-    };
-
     std::mutex guard;
     std::condition_variable changed;
-    std::vector<TraceLine> lines;
+    std::string lines;
     std::string thrownText;
     bool holding = false;
     int held = 0;

@@ -1,13 +1,12 @@
 #include "support/TemporaryFolder.h"
 
-#include <algorithm>
 #include <chrono>
 #include <fstream>
 #include <random>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
-#include <vector>
 
 CTemporaryFolder::CTemporaryFolder()
 {
@@ -26,11 +25,6 @@ CTemporaryFolder::~CTemporaryFolder()
     std::filesystem::remove_all(path, ignored);
 }
 
-std::string CTemporaryFolder::FilePath(std::string_view name) const
-{
-    return (std::filesystem::path(path) / name).string();
-}
-
 std::string CTemporaryFolder::WriteFile(std::string_view name, std::string_view bytes) const
 {
     std::string file = FilePath(name);
@@ -47,17 +41,11 @@ std::string CTemporaryFolder::ReadFile(std::string_view name) const
     return ReadWholeFile(FilePath(name));
 }
 
-bool CTemporaryFolder::Exists(std::string_view name) const
-{
-    return std::filesystem::exists(FilePath(name));
-}
-
 std::string CTemporaryFolder::List() const
 {
-    std::vector<std::string> names;
+    std::set<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(path))
-        names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
+        names.insert(entry.path().filename().string());
     std::string joined;
     for (const std::string& name : names)
         joined += (joined.empty() ? "" : " ") + name;

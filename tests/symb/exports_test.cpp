@@ -43,20 +43,15 @@ void CheckConstantOperations(const CHostTable& table)
 {
     EXPECT_EQ(table->GetSymbolTableType(), 9U);
     EXPECT_EQ(table->GetDescription(), "KorvaPro exported located symbol table");
-    EXPECT_EQ(table->GetInfoTextA(), "");
-    EXPECT_EQ(table->GetInfoTextB(), "");
-    EXPECT_EQ(table->ReservedA(1, 2, 3), kNotImplemented);
-    EXPECT_EQ(table->ReservedB(1, 2, 3, 4, 5), kNotImplemented);
-    EXPECT_EQ(table->ReservedC(), kNotImplemented);
-    EXPECT_EQ(table->ReservedD(1), kNotImplemented);
-    EXPECT_EQ(table->ReservedE(1), kNotImplemented);
-    EXPECT_EQ(table->ReservedF(1), kNotImplemented);
-    EXPECT_EQ(table->ValidateConsistency(1, 2, 3, 4), 0);
-    EXPECT_EQ(table->ReloadAndUpdateSymbols(1, 2), kNotImplemented);
+    EXPECT_TRUE(table->GetInfoTextA().IsEmpty() && table->GetInfoTextB().IsEmpty());
     int untouched = 0;
     void* out = &untouched;
-    EXPECT_EQ(table->ReOpenDatabase(&out), kNotImplemented);
+    for (const HRESULT result :
+         {table->ReservedA(1, 2, 3), table->ReservedB(1, 2, 3, 4, 5), table->ReservedC(), table->ReservedD(1),
+          table->ReservedE(1), table->ReservedF(1), table->ReloadAndUpdateSymbols(1, 2), table->ReOpenDatabase(&out)})
+        EXPECT_EQ(result, kNotImplemented);
     EXPECT_EQ(out, &untouched);
+    EXPECT_EQ(table->ValidateConsistency(1, 2, 3, 4), 0);
     DWORD count = 77;
     EXPECT_EQ(table->GetCountValue(&count), 0);
     EXPECT_EQ(count, 0U);
@@ -99,12 +94,6 @@ TEST(SmallOperations, AFailedLoadRecordsItsArguments)
     EXPECT_EQ(table->GetSourceName(), "");
 }
 
-struct LookupCase
-{
-    const char* name;
-    const char* answer;
-};
-
 // One of each shape of the records that a host reads by offset.
 const char kPlant[] = "TYPE Motor STRUCT SPEED INT @4 size 2 'rpm' ROW ARRAY[0..3] OF REAL @8 size 16 END\n"
                       "VAR W1 WORD AT %MW10 block 5 @20 size 2 access 1 customer \"line 1\" 'first word'\n"
@@ -112,7 +101,7 @@ const char kPlant[] = "TYPE Motor STRUCT SPEED INT @4 size 2 'rpm' ROW ARRAY[0..
                       "VAR M1 Motor block 300 @200 size 24 access 3 customer \"\xC3\xA9\"\n"
                       "VAR FAR INT AT %MW0 block 65535 @4294967295 size 2\n";
 
-const LookupCase kLookups[] = {
+const std::pair<const char*, const char*> kLookups[] = {
     {"W1", "WORD +20 size 2 block 5 access 1 at %MW10 'first word' customer \"line 1\""},
     {"w1.15", "WORD as BOOL +20 size 2 block 5 bit 15 access 1 at %MW10.15 'first word' customer \"line 1\""},
     {"FLAG", "BOOL +20 size 2 block 5 bit 11 at %MW3.11"},
@@ -132,28 +121,33 @@ TEST(Records, ReadAsTheHostsDocumentsSay)
     CHostTable table(sink);
     ASSERT_EQ(table.Load(WriteExport(folder, kPlant)), 0);
     EXPECT_EQ(table.TakeMessages(), "");
-    for (const LookupCase& row : kLookups)
-        EXPECT_EQ(table.Lookup(row.name), row.answer) << row.name;
+    for (const auto& [name, answer] : kLookups)
+        EXPECT_EQ(table.Lookup(name), answer) << name;
     EXPECT_EQ(table.BrowsePage({.parentId = u"PLC"}, 3).Text(), "W1=PLC!W1, FLAG=PLC!FLAG, M1=PLC!M1 > ...");
     EXPECT_EQ(table.BrowsePages({.path = "M1", .parentId = u"PLC!M1"}, 1).Text(),
               "SPEED=PLC!M1.SPEED, ROW=PLC!M1.ROW >");
     EXPECT_EQ(table.Browse({.fields = "AC"}), "W1|%MW10|first word, FLAG|%MW3.11|, FAR|%MW0|");
 }
 
-TEST(Records, ASelectorAboveOneTouchesNoOutput)
+TEST(Records, OutputsOfALookupThatFails)
 {
+    CTemporaryFolder folder;
     CHostTable table;
+    ASSERT_EQ(table.Load(WriteExport(folder, kPlant)), 0);
     CString address("kept"), comment("too");
     int marker = 0;
     void *descriptor = &marker, *properties = &marker;
     DWORD count = 5;
-    EXPECT_EQ(table->SearchAndGetFF(2, "A", address, comment, &descriptor, &count, &properties), kInvalidArgument);
+    EXPECT_EQ(table->SearchAndGetFF(2, "W1", address, comment, &descriptor, &count, &properties), kInvalidArgument);
     EXPECT_TRUE(descriptor == &marker && properties == &marker && count == 5);
     EXPECT_EQ(table->SearchAndGetFF(1, nullptr, address, comment, &descriptor, &count, &properties), -1);
     EXPECT_TRUE(!descriptor && !properties && count == 0);
-    EXPECT_EQ(table->SearchAndGetFF(0, "A", address, comment, nullptr, &count, &properties), kInvalidArgument);
-    EXPECT_EQ(table->SearchAndGetFF(0, "A", address, comment, &descriptor, nullptr, &properties), kInvalidArgument);
-    EXPECT_EQ(table->SearchAndGetFF(0, "A", address, comment, &descriptor, &count, nullptr), kInvalidArgument);
+    EXPECT_EQ(table->SearchAndGetFF(1, "M1.NONE", address, comment, &descriptor, &count, &properties),
+              kInvalidArgument);
+    EXPECT_EQ(table->SearchAndGetFF(0, "W1", address, comment, nullptr, &count, &properties), kInvalidArgument);
+    EXPECT_EQ(table->SearchAndGetFF(0, "W1", address, comment, &descriptor, nullptr, &properties), kInvalidArgument);
+    EXPECT_EQ(table->SearchAndGetFF(0, "W1", address, comment, &descriptor, &count, nullptr), kInvalidArgument);
+    EXPECT_TRUE(address == "kept" && comment == "too");
 }
 
 } // namespace

@@ -1,26 +1,27 @@
-// What hosts may do at the same time.
+// What hosts may do at the same time: every request gives what it gives when one thread asks alone.
 #include "support/ExportBuilder.h"
 #include "support/FakeComponent.h"
 #include "support/HostView.h"
 #include "support/RecordingSink.h"
+#include "support/TemporaryFolder.h"
 
 #include "platform/win32/Clock.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
+#include <filesystem>
 #include <functional>
+#include <random>
 #include <thread>
 #include <vector>
 
 namespace {
 
-void RunTogether(int threads, const std::function<void(int)>& work)
+void RunTogether(const std::vector<std::function<void()>>& works)
 {
-    std::vector<std::thread> running;
-    running.reserve(static_cast<std::size_t>(threads));
-    for (int i = 0; i < threads; ++i)
-        running.emplace_back(work, i);
+    std::vector<std::thread> running(works.begin(), works.end());
     for (std::thread& thread : running)
         thread.join();
 }
@@ -78,36 +79,28 @@ void CheckPlant(const CHostTable& table)
 {
     EXPECT_EQ(table.Lookup("w1.3"), "WORD as BOOL +20 size 2 bit 3 at %MW10.3");
     EXPECT_EQ(table.Lookup("M1.GRID[1][2]"), "REAL +232 size 4");
-    EXPECT_EQ(table.Lookup("ROW[4]"), "INT +106 size 2");
     EXPECT_EQ(table.Lookup("M1.NOTHING"), "E_INVALIDARG, silent");
     EXPECT_EQ(table.Browse({.path = "ROW"}), "ROW[1], ROW[2], ROW[3], ROW[4]");
     EXPECT_EQ(table.BrowsePages({}, 2).Text(), "W1=!W1, M1=!M1 >, ROW=!ROW >");
     EXPECT_EQ(table->GetHeaderName(), "Unknwow");
 }
 
-TEST(Threads, ShareOneObject)
+TEST(Threads, ShareOneObjectAndLoadOthers)
 {
     CTemporaryFolder folder;
     CHostTable table;
-    ASSERT_EQ(table.Load(WriteExport(folder, kPlant)), 0);
-    RunTogether(4, [&](int thread) {
+    const std::string path = WriteExport(folder, kPlant);
+    ASSERT_EQ(table.Load(path), 0);
+    const auto work = [&] {
         for (int round = 0; round < 50; ++round) {
             CheckPlant(table);
-            if (thread == 0)
-                table->SetVerbose(round % 2);
+            table->SetVerbose(round % 2);
         }
-    });
-}
-
-TEST(Threads, LoadObjectsOfTheirOwn)
-{
-    CTemporaryFolder folder;
-    std::string path = WriteExport(folder, kPlant);
-    RunTogether(4, [&](int) {
-        CHostTable table;
-        EXPECT_EQ(table.Load(path, FALSE, folder.Path()), 0); // all write the same dump
-        CheckPlant(table);
-    });
+        CHostTable own;
+        EXPECT_EQ(own.Load(path, FALSE, folder.Path()), 0); // all write the same dump
+        CheckPlant(own);
+    };
+    RunTogether({work, work, work, work});
 }
 
 TEST(Threads, UseTheComponentOneAfterTheOther)
@@ -118,9 +111,124 @@ TEST(Threads, UseTheComponentOneAfterTheOther)
     CHostTable().Load(path);
     std::string one = fake.TakeCalls();
     fake.Watch([](const std::string&) { Sleep(0); });
-    RunTogether(3, [&](int) { CHostTable().Load(path); });
+    const auto load = [&] { CHostTable().Load(path); };
+    RunTogether({load, load, load});
     EXPECT_EQ(fake.TakeCalls(), one + ", " + one + ", " + one);
     EXPECT_EQ(fake.LivingObjects(), 0);
+}
+
+// A host that takes its time for each line.
+class CSlowSink : public CRecordingSink
+{
+public:
+    void Trace(LONG, LPCSTR text) override
+    {
+        Sleep(lines % 16 == 0 ? 1 : 0);
+        lines += *text != '\0';
+    }
+
+    std::atomic<unsigned> lines = 0;
+};
+
+std::string Ask(const CHostTable& table, const std::string& path, int kind)
+{
+    const HostBrowse request{.path = path.c_str(), .fields = kind == 2 ? "AC" : ""};
+    switch (kind) {
+    case 0:
+        return table.Lookup(path.c_str());
+    case 1:
+        return table.BrowsePages(request, 3).Text();
+    case 2:
+        return table.Browse(request);
+    default:
+        return std::string((kind == 3 ? table->GetSourceName() : table->GetHeaderName()).View());
+    }
+}
+
+// Every symbol of the plant down to its elements, and names that fail.
+std::vector<std::string> PathsOf(const CHostTable& table)
+{
+    std::vector<std::string> paths{"", "NOTHING", "W1.99", "M[9", "W1[1]", "PID1.NOTHING"};
+    for (std::size_t at = 0; at < paths.size() && paths.size() < 250; ++at)
+        for (const HostElement& element : table.BrowsePage({.path = std::string(paths[at]).c_str()}, 0).elements)
+            paths.push_back(paths[at] + element.itemId.substr(at == 0 ? 1 : 0));
+    return paths;
+}
+
+using Answers = std::vector<std::pair<std::pair<std::string, int>, std::string>>;
+
+Answers AskEverything(const CHostTable& table)
+{
+    Answers answers;
+    for (const std::string& path : PathsOf(table))
+        for (int kind = 0; kind < 5; ++kind)
+            answers.push_back({{path, kind}, Ask(table, path, kind)});
+    return answers;
+}
+
+struct CAnsweredPlant
+{
+    CAnsweredPlant()
+    {
+        EXPECT_EQ(table.Load(path), 0);
+        AskEverything(table); // requests make type names upper case, once
+        expected = AskEverything(table);
+    }
+
+    void CheckFrom(unsigned seed) const
+    {
+        Answers shuffled = expected;
+        std::shuffle(shuffled.begin(), shuffled.end(), std::mt19937(seed));
+        for (const auto& [asked, answer] : shuffled)
+            ASSERT_EQ(Ask(table, asked.first, asked.second), answer) << asked.first << " " << asked.second;
+    }
+
+    CTemporaryFolder folder;
+    std::string bytes = ReadWholeFile(EXAMPLES_DIR "/plant.kds");
+    std::string path = folder.WriteFile("plant.kds", bytes);
+    CSlowSink sink;
+    CHostTable table{sink};
+    Answers expected;
+};
+
+TEST(MixedThreads, AnswerAsOneThread)
+{
+    const CAnsweredPlant plant;
+    const auto check = [&](unsigned seed) { return [&plant, seed] { plant.CheckFrom(seed); }; };
+    const auto toggle = [&] {
+        for (int round = 0; round < 200; ++round) {
+            plant.table->SetVerbose(round % 2);
+            Sleep(0);
+        }
+    };
+    const auto load = [&] {
+        for (int round = 0; round < 3; ++round) {
+            CHostTable other;
+            EXPECT_EQ(other.Load(plant.path, TRUE, plant.folder.Path()), 0);
+            EXPECT_EQ(other.Lookup("MOTOR1.STATUS.3"), plant.table.Lookup("MOTOR1.STATUS.3"));
+        }
+    };
+    RunTogether({check(1), check(2), check(3), toggle, load, load});
+    EXPECT_GT(plant.sink.lines, 0u);
+}
+
+TEST(MixedThreads, AnswerWhileAWriterReplacesTheFile)
+{
+    const CAnsweredPlant plant;
+    plant.table->SetVerbose(FALSE); // only what the change check has to say
+    std::atomic<bool> done = false;
+    std::thread writer([&] {
+        for (int round = 0; !done; ++round) {
+            plant.folder.WriteFile("new.kds", round % 2 ? plant.bytes : "not an export");
+            ShiftFileTime(plant.folder.FilePath("new.kds"), round % 7 - 3);
+            std::filesystem::rename(plant.folder.FilePath("new.kds"), plant.path);
+        }
+    });
+    const unsigned before = plant.sink.lines;
+    RunTogether({[&] { plant.CheckFrom(4); }, [&] { plant.CheckFrom(5); }});
+    done = true;
+    writer.join();
+    EXPECT_EQ(plant.sink.lines, before); // there was a file at every moment
 }
 
 } // namespace

@@ -64,18 +64,6 @@ TEST_F(BrowseTest, ListsWhatIsThere)
     }
 }
 
-TEST_F(BrowseTest, PagesOfAnySizeJoinToTheListing)
-{
-    const std::string whole = Browse({}).output;
-    for (int size = 1; size <= 9; ++size) {
-        std::istringstream lines(Browse({"--page", std::to_string(size)}).output);
-        std::string joined;
-        for (std::string line; std::getline(lines, line);)
-            joined += line.starts_with("-- page") ? "" : line + "\n";
-        EXPECT_EQ(joined, whole) << size;
-    }
-}
-
 // The second page resumes at the first A again and would do so for ever.
 TEST_F(BrowseTest, EqualNamesEndThePages)
 {

@@ -1,0 +1,112 @@
+// Exports that change, or fail, while they are read: the system's read passes through this program.
+#include "korvaproservices/ComponentFixture.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <functional>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace {
+
+using namespace std::string_literals;
+
+// Told the number of the call, from 1, before each read: how many bytes it may give, or an error below zero.
+std::function<long(int)> beforeRead;
+int reads = 0;
+
+} // namespace
+
+extern "C" __attribute__((visibility("default"))) ssize_t read(int file, void* buffer, std::size_t bytes)
+{
+    const long allowed = beforeRead ? beforeRead(++reads) : static_cast<long>(bytes);
+    if (allowed >= 0)
+        return syscall(SYS_read, file, buffer, std::min(bytes, static_cast<std::size_t>(allowed)));
+    errno = static_cast<int>(-allowed);
+    return -1;
+}
+
+namespace {
+
+constexpr HRESULT kInvalidData = static_cast<HRESULT>(0x8007000DU);
+constexpr long kWhole = 1 << 20;
+
+class Reading : public CComponentTest
+{
+protected:
+    HRESULT LoadWhile(std::string_view bytes, std::function<long(int)> hook)
+    {
+        path = folder.WriteFile("export.kds", bytes);
+        reads = 0;
+        beforeRead = std::move(hook);
+        const HRESULT result = ImportFrom(path);
+        beforeRead = nullptr;
+        EXPECT_GT(reads, 0);
+        return result;
+    }
+
+    // The file becomes `left` bytes long before its `call`-th read; the others give `piece` bytes at most.
+    HRESULT LoadCut(std::string_view bytes, std::size_t left, int call, long piece)
+    {
+        return LoadWhile(bytes, [=, this](int number) {
+            if (number == call)
+                std::filesystem::resize_file(path, left);
+            return piece;
+        });
+    }
+
+    std::string path;
+};
+
+const std::string kExport = "<r a='1'><x id='1'/><x id='2'/></r>";
+
+// Its size is known by then, from before.
+TEST_F(Reading, AFileThatShrinksIsWhatIsLeftOfIt)
+{
+    const std::string utf16 = "\xFF\xFE<\0r\0/\0>\0 \0 \0"s;
+    for (std::size_t left = 0; left < kExport.size(); ++left)
+        EXPECT_EQ(LoadCut(kExport + "    ", left, 1, kWhole), kInvalidData) << left;
+    for (const std::size_t left : {0U, 1U, 2U, 3U, 9U, 11U, 13U})
+        EXPECT_EQ(LoadCut(utf16, left, 1, kWhole), kInvalidData) << left;
+    EXPECT_EQ(LoadCut(kExport, 5, 3, 10), kInvalidData); // nothing is left behind what was read already
+    ASSERT_EQ(LoadCut(kExport + "    ", kExport.size(), 1, kWhole), S_OK); // the blanks alone are gone
+    EXPECT_EQ(RestOf(ChildrenOf(Find("r"))), "x=1 x=2");
+    ASSERT_EQ(LoadCut(utf16, 10, 1, kWhole), S_OK);
+    EXPECT_EQ(TagOf(Find("r")), "r");
+}
+
+TEST_F(Reading, AFileThatGrowsIsWhatItWas)
+{
+    const auto grow = [this](int number) {
+        if (number == 1)
+            folder.WriteFile("export.kds", kExport + "<broken");
+        return kWhole;
+    };
+    ASSERT_EQ(LoadWhile(kExport, grow), S_OK);
+    EXPECT_EQ(RestOf(ChildrenOf(Find("r"))), "x=1 x=2");
+}
+
+TEST_F(Reading, PiecesAndInterruptionsDoNotShow)
+{
+    ASSERT_EQ(LoadWhile(kExport, [](int number) { return number % 2 ? -EINTR : 1; }), S_OK);
+    EXPECT_EQ(RestOf(ChildrenOf(Find("r"))), "x=1 x=2");
+}
+
+TEST_F(Reading, AnErrorIsReportedWhereverItComes)
+{
+    constexpr struct
+    {
+        int error;
+        DWORD result;
+    } kErrors[] = {{EIO, 0x8007001F}, {EACCES, 0x80070005}, {ENOMEM, 0x8007000E}, {EISDIR, 0x80070005}};
+    for (const auto& row : kErrors) {
+        for (const int call : {1, 2, 4}) {
+            EXPECT_EQ(LoadWhile(kExport, [&](int number) { return number == call ? -row.error : 10; }),
+                      static_cast<HRESULT>(row.result));
+            ElementPtr none;
+            EXPECT_EQ(walk->FindElement(Wide("r").Get(), none.Put()), E_UNEXPECTED); // no half of a document
+        }
+    }
+}
+
+} // namespace
