@@ -283,6 +283,7 @@ expect "export and import tables" 0 python3 scripts/check-windows-binaries.py "$
 must "Linux build" build_linux
 must "Wine" prepare_wine
 must "mounts" enter_wine
+must "start of Wine" wine wineboot # a root that was copied is brought up to date, which Wine mentions
 label=manifest
 compare_host "$bin/symbhost.exe"
 test_registered

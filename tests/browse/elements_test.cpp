@@ -141,7 +141,7 @@ TEST(BrowseElements, UnusualLimits)
     CLoadedExport plant(kPlant);
     for (const char* path : {"", "TAB", "MOTOR"}) {
         for (DWORD limit : {2U, 5U, 0xFFFFFFFFU}) {
-            CPropertyCall call(std::min(limit, 5U)); // room enough for each
+            CPropertyCall call(std::min(limit, DWORD{5})); // room enough for each
             call.limit = limit;
             call.point = nullptr;
             EXPECT_EQ(call.Run(plant.table, {.path = path}), 0);
