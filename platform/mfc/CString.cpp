@@ -147,7 +147,8 @@ CString& CString::MakeUpper()
 CString& CString::TrimLeft(char target)
 {
     const std::string_view text = View();
-    Assign(text.substr(std::min(text.find_first_not_of(target), text.size())));
+    if (text.starts_with(target))
+        Assign(text.substr(std::min(text.find_first_not_of(target), text.size())));
     return *this;
 }
 
