@@ -99,9 +99,9 @@ fi
 if step "tsan build" build tsan; then
     run_tests tsan --tests-regex Threads
 fi
-# Allocations that fail, and a long run: without the sanitizers, which have an allocator of their own.
+# Allocations that fail, and a run of a minute: without the sanitizers, which have an allocator of their own.
 if step "dev build" build dev faults_tests; then
-    run_tests dev --tests-regex Faults
+    SYMBKDS_LONG_RUN=60 run_tests dev --tests-regex Faults
 fi
 if step "release build" build release symbkds symbhost; then
     run_tests release --tests-regex ExportTable

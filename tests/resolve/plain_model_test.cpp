@@ -211,7 +211,7 @@ void Walk(const CHostTable& table, const std::string& path, std::set<std::string
 TEST(PlainModel, AgreesOnEveryPath)
 {
     std::size_t compared = 0;
-    for (unsigned seed = 1; seed <= 200; ++seed) {
+    for (unsigned seed = 1; seed <= 2000; ++seed) {
         const CProject project(seed);
         CLoadedPlant plant(project.text);
         for (const auto& [path, expected] : project.expected) {
@@ -220,12 +220,12 @@ TEST(PlainModel, AgreesOnEveryPath)
             ++compared;
         }
     }
-    EXPECT_GT(compared, 10000u);
+    EXPECT_GT(compared, 100000u);
 }
 
 TEST(PlainModel, ListsEveryPath)
 {
-    for (unsigned seed = 1; seed <= 40; ++seed) {
+    for (unsigned seed = 1; seed <= 200; ++seed) {
         const CProject project(seed);
         CLoadedPlant plant(project.text);
         std::set<std::string> listed;
