@@ -3,15 +3,18 @@
 #include "platform/mfc/Exceptions.h"
 #include "platform/win32/CodePage.h"
 
+#include <algorithm>
+#include <climits>
+
 namespace {
 
-// Copies `units` units, or leaves them uninitialised when `text` is null.
-BSTR Allocate(LPCWSTR text, int units)
+// Uninitialised but for the terminator.
+BSTR Allocate(int units)
 {
-    BSTR copy = SysAllocStringLen(text, static_cast<UINT>(units));
-    if (!copy)
+    BSTR text = SysAllocStringLen(nullptr, static_cast<UINT>(units));
+    if (!text)
         AfxThrowOleException(E_OUTOFMEMORY);
-    return copy;
+    return text;
 }
 
 } // namespace
@@ -27,22 +30,19 @@ CBstr CBstr::FromNarrow(LPCSTR text, unsigned codePage)
     if (!text)
         text = "";
     CBstr converted;
-    // Nearly every text is short and ASCII, which is the same in all code pages.
-    constexpr int kShortUnits = 128;
-    WCHAR shortText[kShortUnits];
+    // Nearly every text is ASCII, which is the same in all code pages.
     int ascii = 0;
-    while (ascii < kShortUnits && text[ascii] != '\0' && static_cast<unsigned char>(text[ascii]) < 0x80) {
-        shortText[ascii] = static_cast<WCHAR>(text[ascii]);
+    while (ascii < INT_MAX && text[ascii] != '\0' && static_cast<unsigned char>(text[ascii]) < 0x80)
         ++ascii;
-    }
-    if (ascii < kShortUnits && text[ascii] == '\0') {
-        converted.held = Allocate(shortText, ascii);
+    if (text[ascii] == '\0') {
+        converted.held = Allocate(ascii);
+        std::copy_n(text, ascii, converted.held);
         return converted;
     }
     const int units = MultiByteToWideChar(codePage, 0, text, -1, nullptr, 0);
     if (units == 0)
         AfxThrowOleException(HRESULT_FROM_WIN32(GetLastError()));
-    converted.held = Allocate(nullptr, units - 1);
+    converted.held = Allocate(units - 1);
     MultiByteToWideChar(codePage, 0, text, -1, converted.held, units);
     return converted;
 }

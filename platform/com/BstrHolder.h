@@ -21,7 +21,7 @@ public:
     }
     ~CBstr() { SysFreeString(held); }
 
-    // From narrow text in `codePage`, which short ASCII text does not need; null counts as empty. Raises COleException
+    // From narrow text in `codePage`, which ASCII text does not need; null counts as empty. Raises COleException
     // when memory is short or there is no such code page.
     static CBstr FromNarrow(LPCSTR text, unsigned codePage);
 
