@@ -6,7 +6,7 @@
 #include "korvaproservices/CTagIndex.h"
 #include "korvaproservices/CTreeMemory.h"
 #include "korvaproservices/KorvaProServices.h"
-#include "platform/com/InterfacePtr.h"
+#include "platform/mfc/CInterfacePtr.h"
 
 #include <pugixml.hpp>
 

@@ -3,7 +3,7 @@
 #include "korvaproservices/CModuleReference.h"
 #include "korvaproservices/CReferenceCount.h"
 #include "korvaproservices/KorvaProServices.h"
-#include "platform/com/InterfacePtr.h"
+#include "platform/mfc/CInterfacePtr.h"
 
 #include <string>
 

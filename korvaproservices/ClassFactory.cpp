@@ -1,7 +1,7 @@
 // The class object and what the library exports.
 #include "korvaproservices/CKorvaProServices.h"
 #include "korvaproservices/Guarded.h"
-#include "platform/com/InterfacePtr.h"
+#include "platform/mfc/CInterfacePtr.h"
 
 #include <atomic>
 

@@ -1,6 +1,6 @@
 #include "platform/mfc/COleVariant.h"
 
-#include "platform/com/BstrHolder.h"
+#include "platform/mfc/CBstr.h"
 #include "platform/mfc/Exceptions.h"
 
 COleVariant::COleVariant(LONG value) noexcept : COleVariant()

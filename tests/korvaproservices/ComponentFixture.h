@@ -2,9 +2,9 @@
 #pragma once
 
 #include "korvaproservices/KorvaProServices.h"
-#include "platform/com/BstrHolder.h"
 #include "platform/com/ClassObject.h"
-#include "platform/com/InterfacePtr.h"
+#include "platform/mfc/CBstr.h"
+#include "platform/mfc/CInterfacePtr.h"
 #include "platform/win32/CodePage.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,5 +1,5 @@
 #include "platform/com/ClassObject.h"
-#include "platform/com/InterfacePtr.h"
+#include "platform/mfc/CInterfacePtr.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 // servers in their folder.
 #include "korvaproservices/KorvaProServices.h"
 #include "platform/com/ClassObject.h"
-#include "platform/com/InterfacePtr.h"
+#include "platform/mfc/CInterfacePtr.h"
 #include "platform/mfc/CStdioFile.h"
 #include "platform/mfc/Exceptions.h"
 #include "platform/win32/File.h"

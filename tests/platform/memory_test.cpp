@@ -1,6 +1,6 @@
-#include "platform/com/BstrHolder.h"
 #include "platform/com/TaskMemory.h"
 #include "platform/com/Variant.h"
+#include "platform/mfc/CBstr.h"
 #include "platform/mfc/COleVariant.h"
 #include "platform/mfc/Exceptions.h"
 #include "platform/win32/CodePage.h"

@@ -1,8 +1,8 @@
 #include "support/FakeComponent.h"
 
-#include "platform/com/BstrHolder.h"
 #include "platform/com/ClassObject.h"
-#include "platform/com/InterfacePtr.h"
+#include "platform/mfc/CBstr.h"
+#include "platform/mfc/CInterfacePtr.h"
 #include "platform/win32/CodePage.h"
 
 #include <atomic>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "korvaproservices/KorvaProServices.h"
-#include "platform/com/InterfacePtr.h"
+#include "platform/mfc/CInterfacePtr.h"
 
 // The component and what Init takes from it. Nothing of it outlives Init.
 //

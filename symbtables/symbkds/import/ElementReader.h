@@ -2,8 +2,8 @@
 #pragma once
 
 #include "korvaproservices/KorvaProServices.h"
-#include "platform/com/BstrHolder.h"
-#include "platform/com/InterfacePtr.h"
+#include "platform/mfc/CBstr.h"
+#include "platform/mfc/CInterfacePtr.h"
 #include "platform/mfc/CString.h"
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-#include "platform/com/BstrHolder.h"
 #include "platform/com/ClassObject.h"
+#include "platform/mfc/CBstr.h"
 #include "platform/mfc/CSingleLock.h"
 #include "platform/win32/CodePage.h"
 #include "platform/win32/FileStat.h"

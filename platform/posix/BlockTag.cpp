@@ -1,4 +1,4 @@
-#include "platform/com/BlockTag.h"
+#include "platform/posix/BlockTag.h"
 
 #ifndef NDEBUG
 

@@ -1,4 +1,4 @@
-#include "platform/com/BstrHolder.h"
+#include "platform/mfc/CBstr.h"
 
 #include "platform/mfc/Exceptions.h"
 #include "platform/win32/CodePage.h"

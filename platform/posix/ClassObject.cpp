@@ -1,7 +1,7 @@
 #include "platform/com/ClassObject.h"
 
-#include "platform/com/InprocServers.h"
-#include "platform/com/InterfacePtr.h"
+#include "platform/mfc/CInterfacePtr.h"
+#include "platform/posix/InprocServers.h"
 
 #include <algorithm>
 #include <atomic>

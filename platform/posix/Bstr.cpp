@@ -1,6 +1,6 @@
 #include "platform/com/Bstr.h"
 
-#include "platform/com/BlockTag.h"
+#include "platform/posix/BlockTag.h"
 
 #include <cstdlib>
 #include <cstring>

@@ -1,6 +1,6 @@
 #include "platform/com/TaskMemory.h"
 
-#include "platform/com/BlockTag.h"
+#include "platform/posix/BlockTag.h"
 
 #include <algorithm>
 #include <cstdlib>

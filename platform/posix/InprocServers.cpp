@@ -1,4 +1,4 @@
-#include "platform/com/InprocServers.h"
+#include "platform/posix/InprocServers.h"
 
 #include <algorithm>
 #include <cstdio>
