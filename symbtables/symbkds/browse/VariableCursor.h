@@ -1,6 +1,7 @@
 // A walk through the variables that does not wait for memory.
 #pragma once
 
+#include "platform/mfc/Prefetch.h"
 #include "symbkds/frame/CSymbXml.h"
 
 #include <array>
@@ -41,10 +42,10 @@ private:
     static void FetchName(LPCSTR name)
     {
         constexpr std::uintptr_t kUsualNameBytes = 32;
-        __builtin_prefetch(name);
+        Prefetch(name);
         // Behind a shorter name this address belongs to something else, and nothing but the cache sees it.
         // NOLINTNEXTLINE(performance-no-int-to-ptr)
-        __builtin_prefetch(reinterpret_cast<const void*>(reinterpret_cast<std::uintptr_t>(name) + kUsualNameBytes - 1));
+        Prefetch(reinterpret_cast<const void*>(reinterpret_cast<std::uintptr_t>(name) + kUsualNameBytes - 1));
     }
 
     const CSymbXMLItemDef* FetchNext()
@@ -52,10 +53,10 @@ private:
         if (!ahead)
             return nullptr;
         const CSymbXMLItemDef* const variable = ahead->value;
-        __builtin_prefetch(variable);
-        __builtin_prefetch(&variable->declaredTypeText); // it may reach into the next cache line
+        Prefetch(variable);
+        Prefetch(&variable->declaredTypeText); // it may reach into the next cache line
         ahead = variables.PGetNextAssoc(ahead);
-        __builtin_prefetch(ahead);
+        Prefetch(ahead);
         return variable;
     }
 

@@ -1,5 +1,6 @@
 // The lookup: from a symbol's name to its address.
 #include "platform/mfc/CSingleLock.h"
+#include "platform/mfc/Prefetch.h"
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/frame/Guard.h"
 #include "symbkds/model/CSymbXMLDDTDef.h"
@@ -34,7 +35,7 @@ AddressDescriptor DescribeVariable(const CSymbXMLItemDef& variable)
 void PrefetchTexts(const CSymbXMLItemDef& variable)
 {
     for (const CString* text : {&variable.topologicalAddress, &variable.comment, &variable.customerString})
-        __builtin_prefetch(static_cast<LPCSTR>(*text));
+        Prefetch(static_cast<LPCSTR>(*text));
 }
 
 void SetBit(AddressDescriptor& descriptor, std::uint8_t bit)
