@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
 """Checks who includes whom. Prints each offence as file:line and exits 1 if there is any.
 
+- Files of platform/ include along win32 <- com <- mfc <- posix, windows. posix/ is nobody else's, windows/ the component's.
 - Headers of the plug-in include along platform <- symb <- model <- frame <- import, resolve, browse, dump.
 - The other parts reach only what they are built on; the plug-in sees of the component its public header alone.
 - No two files include each other, directly or in a ring; a source and its header count as one.
-- Only platform/ includes system headers or asks for the operating system. Tests may.
+- Only platform/ includes system headers, asks for the operating system, handles signals or calls the compiler's
+  builtins. Tests may.
 """
 import re
 import sys
@@ -17,22 +19,32 @@ COMPONENT_HEADER = "korvaproservices/KorvaProServices.h"
 
 # What the files of a layer may include besides their own layer. Headers only: some sources of
 # model/ need the symbol table.
+PLATFORM = {"win32", "com", "mfc"}
 LAYERS = {
-    "platform": set(),
-    "symb": {"platform"},
-    "model": {"platform", "symb"},
-    "frame": {"platform", "symb", "model"},
-    "operations": {"platform", "symb", "model", "frame", "component"},
-    "component": {"platform"},
-    "symbhost": {"platform", "symb"},
+    "win32": set(),
+    "com": {"win32"},
+    "mfc": {"win32", "com"},
+    "posix": PLATFORM,
+    "windows": PLATFORM,
+    "symb": PLATFORM,
+    "model": PLATFORM | {"symb"},
+    "frame": PLATFORM | {"symb", "model"},
+    "operations": PLATFORM | {"symb", "model", "frame", "component"},
+    "component": PLATFORM | {"windows"},
+    "symbhost": PLATFORM | {"symb"},
 }
 # Layers whose sources are held to the same rule as their headers.
-STRICT = {"platform", "symb", "component", "symbhost"}
+STRICT = LAYERS.keys() - {"model", "frame", "operations"}
 PLUGIN_FOLDERS = {"model": "model", "frame": "frame"}  # every other folder holds operations
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 CONDITION = re.compile(r"^\s*#\s*(?:if|ifdef|ifndef|elif)\b(.*)")
 SYSTEM_MACRO = re.compile(r"\b(_WIN32|_WIN64|WIN32|__MINGW\w*|__linux\w*|linux|__unix\w*|__APPLE__|_POSIX\w*)\b")
+NOT_PORTABLE = re.compile(
+    r"__builtin_\w+|\bSIG(?:ABRT|ALRM|BUS|CHLD|CONT|FPE|HUP|ILL|INT|KILL|PIPE|QUIT|SEGV|TERM|TRAP|TSTP|USR[12]"
+    r"|WINCH|XCPU|XFSZ|_IGN|_DFL|_ERR)\b|\bsigaction\b|\bsig(?:nal|emptyset|fillset|addset|procmask|wait|altstack)\s*\("
+)
+COMMENT = re.compile(r"//.*")
 # Standard headers have no ".h" and the libraries in use, but this one, end in ".hpp": the rest is the system's.
 SYSTEM_HEADER = re.compile(r"^(?!benchmark/).*\.h$")
 
@@ -42,7 +54,9 @@ def layer_of(path):
     parts = path.relative_to(ROOT).parts
     if parts[0] == "symbtables":
         return "symb" if parts[1] == "symb" else PLUGIN_FOLDERS.get(parts[2], "operations")
-    return {"platform": "platform", "korvaproservices": "component", "symbhost": "symbhost"}.get(parts[0])
+    if parts[0] == "platform":
+        return parts[1]
+    return {"korvaproservices": "component", "symbhost": "symbhost"}.get(parts[0])
 
 
 def resolve(name, includer):
@@ -76,6 +90,9 @@ def check_file(path, offences, graph):
         condition = CONDITION.match(line)
         if condition and not may_know_system and SYSTEM_MACRO.search(condition[1]):
             offences.append(f"{where}:{number}: asks for the operating system outside platform/")
+        unportable = NOT_PORTABLE.search(COMMENT.sub("", line))
+        if unportable and not may_know_system:
+            offences.append(f"{where}:{number}: {unportable[0]} outside platform/")
         include = INCLUDE.match(line)
         if not include:
             continue
