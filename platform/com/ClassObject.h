@@ -28,7 +28,8 @@ PLATFORM_API HRESULT CoRegisterClassObject(REFCLSID clsid, IUnknown* classObject
                                            DWORD* cookie);
 PLATFORM_API HRESULT CoRevokeClassObject(DWORD cookie);
 
-// Unloads the in-process servers whose DllCanUnloadNow answers S_OK.
+// Does nothing: an in-process server stays loaded until the process ends, because
+// another thread may still run its code when the last of its objects is gone.
 PLATFORM_API void CoFreeUnusedLibraries();
 
 #endif

@@ -53,19 +53,13 @@ RegistrationPtr FindRegistration(REFCLSID clsid)
 HRESULT CreateInProcess(REFCLSID clsid, REFIID iid, void** object)
 {
     const RegistrationPtr registration = FindRegistration(clsid);
-    std::shared_ptr<CInprocServer> server;
-    try {
-        if (!registration)
-            server = FindInprocServer(clsid);
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    }
-    if (!registration && !server)
+    const GetClassObjectFunction getClassObject = registration ? nullptr : FindInprocServer(clsid);
+    if (!registration && !getClassObject)
         return REGDB_E_CLASSNOTREG;
-    CInterfacePtr<IClassFactory> factory; // released before the server is let go
+    CInterfacePtr<IClassFactory> factory;
     const HRESULT result = registration
                                ? registration->classObject->QueryInterface(IID_IClassFactory, factory.PutVoid())
-                               : server->GetClassObject(IID_IClassFactory, factory.PutVoid());
+                               : getClassObject(clsid, IID_IClassFactory, factory.PutVoid());
     if (FAILED(result))
         return result;
     return factory ? factory->CreateInstance(nullptr, iid, object) : E_NOINTERFACE;
@@ -139,7 +133,4 @@ HRESULT CoRevokeClassObject(DWORD cookie)
     return S_OK;
 }
 
-void CoFreeUnusedLibraries()
-{
-    FreeIdleServers();
-}
+void CoFreeUnusedLibraries() {}

@@ -124,37 +124,22 @@ HRESULT CreateFromServer(CInterfacePtr<IUnknown>& object)
     return CoCreateInstance(CLSID_KorvaProServices, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown, object.PutVoid());
 }
 
-// Whether the server's library is in the process.
-bool IsServerLoaded()
-{
-    return ReadWholeFile("/proc/self/maps").find("/comservers/{") != std::string::npos;
-}
-
-TEST(LinuxServer, IsLoadedOnceAndUnloadedWhenIdle)
+TEST(LinuxServer, ThreadsCreateWhileOthersFreeLibraries)
 {
     CoInitializeEx(nullptr, COINIT_MULTITHREADED);
-    EXPECT_FALSE(IsServerLoaded());
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i)
         threads.emplace_back([] {
             for (int round = 0; round < 50; ++round) {
                 CInterfacePtr<IUnknown> object;
                 EXPECT_EQ(CreateFromServer(object), S_OK);
+                object.Release();
                 CoFreeUnusedLibraries();
             }
         });
     for (std::thread& thread : threads)
         thread.join();
-
-    CInterfacePtr<IUnknown> object;
-    ASSERT_EQ(CreateFromServer(object), S_OK);
-    CoFreeUnusedLibraries();
-    EXPECT_TRUE(IsServerLoaded()); // an object lives
-    object.Release();
-    CoFreeUnusedLibraries();
-    EXPECT_FALSE(IsServerLoaded());
-    EXPECT_EQ(CreateFromServer(object), S_OK); // and once more
-    object.Release();
+    EXPECT_NE(ReadWholeFile("/proc/self/maps").find("/comservers/{"), std::string::npos); // the code stays
     CoUninitialize();
 }
 
