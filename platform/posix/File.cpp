@@ -33,6 +33,8 @@ DWORD ErrorOf(int error)
         return ERROR_DISK_FULL;
     case ENAMETOOLONG:
         return ERROR_INVALID_NAME;
+    case ENXIO: // a socket, or a pipe that nobody reads: nothing that holds a file
+        return ERROR_INVALID_DATA;
     case EINVAL:
         return ERROR_INVALID_PARAMETER;
     default:
@@ -76,13 +78,16 @@ private:
 
 // Takes the lock that stands for the share mode, and empties a file that is to
 // be written only once the lock is held. Returns the error. Only regular files
-// are locked and emptied; a directory cannot be opened.
+// are locked and emptied. A directory cannot be opened, nor a pipe or socket to
+// be written: its reader may go away, and the next write would end the process
+// by a signal.
 DWORD Claim(int descriptor, bool writing, bool shared)
 {
     struct stat status;
     if (fstat(descriptor, &status) != 0)
         return ErrorOf(errno);
-    if (S_ISDIR(status.st_mode))
+    const bool toSomeone = S_ISFIFO(status.st_mode) || S_ISSOCK(status.st_mode);
+    if (S_ISDIR(status.st_mode) || (writing && toSomeone))
         return ERROR_ACCESS_DENIED;
     if (!S_ISREG(status.st_mode))
         return ERROR_SUCCESS;

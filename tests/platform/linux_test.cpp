@@ -25,7 +25,7 @@ HANDLE Open(LPCSTR path, DWORD access, DWORD disposition)
     return CreateFileA(path, access, 0, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-TEST(LinuxFile, NamedPipesAndDevicesDoNotBlock)
+TEST(LinuxFile, PipesSocketsAndDevicesDoNotBlock)
 {
     const CTemporaryFolder folder;
     const std::string pipe = folder.FilePath("pipe");
@@ -36,13 +36,14 @@ TEST(LinuxFile, NamedPipesAndDevicesDoNotBlock)
     EXPECT_EQ(GetFileType(reader), FILE_TYPE_PIPE);
     LARGE_INTEGER size;
     EXPECT_FALSE(GetFileSizeEx(reader, &size));
-    const HANDLE writer = Open(pipe.c_str(), GENERIC_WRITE, CREATE_ALWAYS);
-    char byte;
-    DWORD done = 7;
-    EXPECT_FALSE(ReadFile(reader, &byte, 1, &done, nullptr)); // nothing there yet
-    EXPECT_EQ(done, 0U);
-    CloseHandle(writer);
+    EXPECT_EQ(Open(pipe.c_str(), GENERIC_WRITE, CREATE_ALWAYS), INVALID_HANDLE_VALUE); // a reader may go away
+    EXPECT_EQ(GetLastError(), ERROR_ACCESS_DENIED);
     CloseHandle(reader);
+
+    const std::string socket = folder.FilePath("socket");
+    ASSERT_EQ(mknod(socket.c_str(), S_IFSOCK | 0600, 0), 0);
+    EXPECT_EQ(Open(socket.c_str(), GENERIC_READ, OPEN_EXISTING), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(GetLastError(), ERROR_INVALID_DATA);
 
     const HANDLE device = Open("/dev/null", GENERIC_READ, OPEN_EXISTING);
     EXPECT_EQ(GetFileType(device), FILE_TYPE_CHAR);
