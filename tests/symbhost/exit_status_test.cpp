@@ -15,7 +15,7 @@ class ExitStatusTest : public HostTest
 TEST_F(ExitStatusTest, TellsWhatWentWrong)
 {
     const std::string plant = Export(kPlant);
-    const std::string library = ProgramFolder() + SHARED_LIBRARY_NAME("platform");
+    const std::string library = ProgramFolder() + SHARED_LIBRARY_NAME("symbplatform");
     const std::string broken = folder.WriteFile("broken.kds", "<LocatedSymbolTable><dataBlock>");
     const struct
     {
