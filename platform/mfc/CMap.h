@@ -3,6 +3,7 @@
 #include "platform/mfc/CString.h"
 #include "platform/mfc/Exceptions.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -15,12 +16,14 @@ PLATFORM_API std::uint32_t HashKey(LPCSTR key) noexcept;
 
 // A chained hash map with a fixed number of buckets.
 //
-// Entries live in blocks of `blockSize` in the order of their first insertion;
-// that is the order of enumeration, and a pair stays where it is until it is
-// removed, so an enumeration goes on while entries are inserted. A bucket keeps
-// the addresses and the hashes of its entries in one run of memory: a look-up
-// compares neighbouring hashes and touches one entry. Operations that allocate
-// raise CMemoryException and leave the map as it was.
+// Entries live in blocks of 1, 2, 4 and so on up to `blockSize`, in the order of
+// their first insertion; that is the order of enumeration, and a pair stays
+// where it is until it is removed, so an enumeration goes on while entries are
+// inserted. A bucket keeps the addresses and the hashes of its entries in one
+// run of memory: a look-up compares neighbouring hashes and touches one entry.
+// Unless they were asked for at once, a map has no buckets before its ninth
+// entry: so few are compared one by one. Operations that allocate raise
+// CMemoryException and leave the map as it was.
 template <class KEY, class ARG_KEY, class VALUE, class ARG_VALUE>
 class CMap
 {
@@ -38,8 +41,8 @@ public:
     CMap& operator=(const CMap&) = delete;
     ~CMap() { RemoveAll(); }
 
-    // Sets the number of buckets of an empty map; with `allocate` the bucket
-    // array is made now, otherwise at the first insertion.
+    // Empties the map and sets its number of buckets; with `allocate` the bucket
+    // array is made now, otherwise when there are entries enough.
     void InitHashTable(std::uint32_t buckets, bool allocate = true)
     {
         RemoveAll(); // an insertion that failed may have left memory behind
@@ -56,7 +59,7 @@ public:
     CPair* PLookup(ARG_KEY key) const noexcept
     {
         if (!runs)
-            return nullptr;
+            return FindAmongFew(key);
         const std::uint32_t hash = HashKey(key);
         return FindIn(runs[hash % bucketCount], hash, key);
     }
@@ -72,19 +75,22 @@ public:
     // The value of a key; of a new key a value-initialised one.
     VALUE& operator[](ARG_KEY key)
     {
-        if (!runs)
-            AllocateBuckets();
+        if (!runs) {
+            if (CPair* pair = FindAmongFew(key))
+                return pair->value;
+            if (count < kFewEntries)
+                return NewEntry(KEY(key))->value;
+            MakeBuckets();
+        }
         const std::uint32_t hash = HashKey(key);
         Run*& run = runs[hash % bucketCount];
         if (CPair* pair = FindIn(run, hash, key))
             return pair->value;
         KEY ownKey(key);
-        MakeRoom(run);
+        if (!MakeRoom(run))
+            AfxThrowMemoryException();
         Entry* entry = NewEntry(std::move(ownKey));
-        run->Entries()[run->used] = entry;
-        run->Hashes()[run->used] = hash;
-        ++run->used;
-        ++count;
+        run->Add(entry, hash);
         return entry->value;
     }
 
@@ -102,12 +108,9 @@ public:
             std::exchange(entry, entry->next)->~Entry();
         while (blocks)
             std::free(std::exchange(blocks, blocks->older));
-        if (runs)
-            for (std::uint32_t bucket = 0; bucket < bucketCount; ++bucket)
-                std::free(runs[bucket]);
-        std::free(std::exchange(runs, nullptr));
+        FreeBuckets();
         first = last = nullptr;
-        count = usedInBlock = 0;
+        count = 0;
     }
 
     void Swap(CMap& other) noexcept
@@ -116,13 +119,14 @@ public:
         std::swap(bucketCount, other.bucketCount);
         std::swap(blockEntries, other.blockEntries);
         std::swap(blocks, other.blocks);
-        std::swap(usedInBlock, other.usedInBlock);
         std::swap(first, other.first);
         std::swap(last, other.last);
         std::swap(count, other.count);
     }
 
 private:
+    static constexpr int kFewEntries = 8;
+
     struct Entry : CPair
     {
         Entry* next;
@@ -136,6 +140,12 @@ private:
 
         Entry** Entries() noexcept { return reinterpret_cast<Entry**>(this + 1); }
         std::uint32_t* Hashes() noexcept { return reinterpret_cast<std::uint32_t*>(Entries() + room); }
+        // There must be room.
+        void Add(Entry* entry, std::uint32_t hash) noexcept
+        {
+            Entries()[used] = entry;
+            Hashes()[used++] = hash;
+        }
 
         static std::size_t Bytes(std::size_t room) noexcept
         {
@@ -146,6 +156,8 @@ private:
     struct alignas(Entry) Block
     {
         Block* older;
+        int used;
+        int room;
 
         Entry* Entries() noexcept { return reinterpret_cast<Entry*>(this + 1); }
     };
@@ -162,6 +174,14 @@ private:
         return nullptr;
     }
 
+    CPair* FindAmongFew(ARG_KEY key) const noexcept
+    {
+        for (Entry* entry = first; entry; entry = entry->next)
+            if (entry->key == key)
+                return entry;
+        return nullptr;
+    }
+
     void AllocateBuckets()
     {
         runs = static_cast<Run**>(std::calloc(bucketCount, sizeof(Run*)));
@@ -169,14 +189,38 @@ private:
             AfxThrowMemoryException();
     }
 
-    static void MakeRoom(Run*& run)
+    // Puts the entries that there are into buckets.
+    void MakeBuckets()
+    {
+        AllocateBuckets();
+        for (Entry* entry = first; entry; entry = entry->next) {
+            const std::uint32_t hash = HashKey(entry->key);
+            Run*& run = runs[hash % bucketCount];
+            if (!MakeRoom(run)) {
+                FreeBuckets();
+                AfxThrowMemoryException();
+            }
+            run->Add(entry, hash);
+        }
+    }
+
+    void FreeBuckets() noexcept
+    {
+        if (runs)
+            for (std::uint32_t bucket = 0; bucket < bucketCount; ++bucket)
+                std::free(runs[bucket]);
+        std::free(std::exchange(runs, nullptr));
+    }
+
+    // False when memory is short; the run is as it was then.
+    static bool MakeRoom(Run*& run) noexcept
     {
         if (run && run->used < run->room)
-            return;
+            return true;
         const std::uint32_t room = run ? run->room * 2 : 2;
         Run* larger = static_cast<Run*>(std::malloc(Run::Bytes(room)));
         if (!larger)
-            AfxThrowMemoryException();
+            return false;
         larger->used = run ? run->used : 0;
         larger->room = room;
         if (run) {
@@ -185,23 +229,22 @@ private:
             std::free(run);
         }
         run = larger;
+        return true;
     }
 
     Entry* NewEntry(KEY&& key)
     {
-        if (!blocks || usedInBlock == blockEntries) {
-            constexpr std::size_t kMostEntries = (PTRDIFF_MAX - sizeof(Block)) / sizeof(Entry);
-            const std::size_t entries = static_cast<std::size_t>(blockEntries);
-            void* memory = entries <= kMostEntries ? std::malloc(sizeof(Block) + entries * sizeof(Entry)) : nullptr;
+        if (!blocks || blocks->used == blocks->room) {
+            const int room = blocks ? std::min(blocks->room * 2, blockEntries) : 1;
+            void* memory = std::malloc(sizeof(Block) + static_cast<std::size_t>(room) * sizeof(Entry));
             if (!memory)
                 AfxThrowMemoryException();
-            blocks = new (memory) Block{blocks};
-            usedInBlock = 0;
+            blocks = new (memory) Block{blocks, 0, room};
         }
-        Entry* entry = new (blocks->Entries() + usedInBlock) Entry{{std::move(key), VALUE()}, nullptr};
-        ++usedInBlock;
+        Entry* entry = new (blocks->Entries() + blocks->used++) Entry{{std::move(key), VALUE()}, nullptr};
         (last ? last->next : first) = entry;
         last = entry;
+        ++count;
         return entry;
     }
 
@@ -209,7 +252,6 @@ private:
     std::uint32_t bucketCount = 17;
     int blockEntries;
     Block* blocks = nullptr; // the newest first
-    int usedInBlock = 0;
     Entry* first = nullptr;
     Entry* last = nullptr;
     int count = 0;

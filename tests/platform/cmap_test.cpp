@@ -1,9 +1,12 @@
 #include "platform/mfc/CArray.h"
 #include "platform/mfc/CMap.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <set>
@@ -28,13 +31,13 @@ TEST(CMap, KeepsTheOrderOfFirstInsertion)
     IntMap map(2); // blocks of two: the order goes across blocks
     int value = -1;
     EXPECT_FALSE(map.Lookup("A", value));
-    for (const char* key : {"Z", "A", "M", "B", "Y"})
+    for (const char* key : {"Z", "A", "M", "z", "Y"}) // the case of a key counts
         map.SetAt(key, map.GetCount());
-    EXPECT_EQ(Listing(map), "Z=0 A=1 M=2 B=3 Y=4");
+    EXPECT_EQ(Listing(map), "Z=0 A=1 M=2 z=3 Y=4");
     map.SetAt("M", 20); // place and key stay
-    EXPECT_EQ(Listing(map), "Z=0 A=1 M=20 B=3 Y=4");
+    EXPECT_EQ(Listing(map), "Z=0 A=1 M=20 z=3 Y=4");
     EXPECT_TRUE(map.Lookup("M", value));
-    EXPECT_FALSE(map.Lookup("m", value)); // the case of a key counts
+    EXPECT_FALSE(map.Lookup("m", value));
     EXPECT_EQ(value, 20);
     map.SetAt("", 7);
     EXPECT_EQ(map.PLookup("")->value, 7);
@@ -61,8 +64,12 @@ TEST(CMap, ManyEntriesInFewBuckets)
         map.InitHashTable(buckets, buckets != 2);
         map.SetAt("0", 0);
         const auto* first = map.PLookup("0");
-        for (int i = 1; i < 1000; ++i)
+        for (int i = 1; i < 1000; ++i) {
+            EXPECT_EQ(map.PLookup(std::to_string(i).c_str()), nullptr);
             map.SetAt(std::to_string(i).c_str(), i);
+            map.SetAt("1", 1); // is there, whether or not there are buckets yet
+            EXPECT_EQ(map.GetCount(), i + 1);
+        }
         for (int i = 0; i < 1000; ++i) {
             const auto* pair = map.PLookup(std::to_string(i).c_str());
             ASSERT_TRUE(pair);
@@ -89,14 +96,23 @@ TEST(CMap, EmptiedReusedAndSwapped)
     map.SetAt("C", 3);
     EXPECT_EQ(Listing(map), "C=3");
 
-    IntMap other(1);
-    other.SetAt("X", 10);
-    other.SetAt("Y", 11);
+    // One with buckets and half a block, one with neither: each goes on as the other one would have.
+    IntMap other(3);
+    for (int i = 0; i < 11; ++i)
+        other.SetAt(std::to_string(i).c_str(), i);
+    map.InitHashTable(181, false);
+    map.SetAt("C", 3);
     map.Swap(other);
-    map.SetAt("Z", 12);
-    other.SetAt("D", 4);
-    EXPECT_EQ(Listing(map), "X=10 Y=11 Z=12");
-    EXPECT_EQ(Listing(other), "C=3 D=4");
+    for (int i = 11; i < 40; ++i) {
+        map.SetAt(std::to_string(i).c_str(), i);
+        other.SetAt(std::to_string(i).c_str(), i);
+    }
+    for (int i = 0; i < 40; ++i) {
+        EXPECT_NE(map.PLookup(std::to_string(i).c_str()), nullptr) << i;
+        EXPECT_EQ(other.PLookup(std::to_string(i).c_str()) != nullptr, i > 10) << i;
+    }
+    map.RemoveAll();
+    EXPECT_EQ(Listing(other).find("C=3 11=11 12=12 "), 0U);
     EXPECT_EQ(other.GetHashTableSize(), 181U);
 }
 
@@ -135,6 +151,15 @@ TEST(HashKey, DependsOnEveryByteAndReadsNoneBehindTheEnd)
     }
     EXPECT_EQ(hashes.size(), 27U + 26U * 27U / 2U);
     EXPECT_EQ(HashKey(nullptr), HashKey(""));
+}
+
+// Or somebody could write an export whose names all share a bucket.
+TEST(HashKeyDeathTest, DiffersInEveryProcess)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // a new program, not a copy of this one
+    const auto told = [] { return "hash " + std::to_string(HashKey("MOTOR1")) + "."; };
+    const auto tell = [&told] { std::exit((std::fputs(told().c_str(), stderr), 0)); };
+    EXPECT_EXIT(tell(), testing::ExitedWithCode(0), testing::AllOf(testing::StartsWith("hash "), testing::Not(told())));
 }
 
 TEST(CArray, GrowsAndTakesItsOwnItems)

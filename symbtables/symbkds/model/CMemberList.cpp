@@ -4,13 +4,13 @@
 
 namespace {
 
-constexpr std::uint32_t kIndexBuckets = 181;
+constexpr std::uint32_t kIndexBuckets = 181; // once there are members enough to need any
 
 } // namespace
 
 CMemberList::CMemberList()
 {
-    index.InitHashTable(kIndexBuckets);
+    index.InitHashTable(kIndexBuckets, false);
 }
 
 CMemberList::~CMemberList()
@@ -52,7 +52,7 @@ void CMemberList::Remove(const std::vector<bool>& marked)
     for (std::size_t position = 0; position < marked.size(); ++position)
         moved[position] = marked[position] ? -1 : kept++;
     CMemberIndex renumbered;
-    renumbered.InitHashTable(kIndexBuckets);
+    renumbered.InitHashTable(kIndexBuckets, false);
     for (const auto* pair = index.PGetFirstAssoc(); pair; pair = index.PGetNextAssoc(pair))
         if (const int position = moved[static_cast<std::size_t>(pair->value)]; position >= 0)
             renumbered.SetAt(pair->key, position);
