@@ -13,7 +13,8 @@ void ExpectPagesJoin(const CHostTable& table, const HostBrowse& request)
 
 TEST(BrowsePaging, ResumesAmongEntriesThatDifferInCaseAlone)
 {
-    CLoadedExport plant("TYPE S STRUCT A INT @0 'x' A INT @2 'X' \"B|c\" INT @4 \"B|C\" INT @6 END VAR V S size 8");
+    CLoadedExport plant("TYPE S STRUCT A INT @0 'x' A INT @2 'X' \"B|c\" INT @4 \"B|C\" INT @6 d INT @8 D INT @10 END "
+                        "VAR V S size 12");
     ExpectPagesJoin(plant.table, {.path = "V", .fields = "C"});
 }
 
