@@ -79,6 +79,7 @@ const ThrownCase kThrown[] = {
     {Fault::Standard("disk on fire"), " with error message: disk on fire"},
     {Fault::WithoutText(), " with error message: "},
     {Fault::Number(), ""},
+    {Fault::NumberAndValue(), ""}, // an interface that came before counts no more
 };
 
 TEST(Init, GoesOnWithoutAnExportAfterAnExceptionInTheFirstPhase)

@@ -119,6 +119,8 @@ protected:
         if (fault && fault->kind == Fault::Kind::kResult)
             return fault->result;
         HRESULT result = deliver();
+        if (fault && fault->kind == Fault::Kind::kNumberAndValue)
+            throw 1;
         return fault ? fault->result : result;
     }
     HRESULT AnswerText(const std::string& call, BSTR* out, const std::string& text)

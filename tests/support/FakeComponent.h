@@ -19,7 +19,8 @@ struct Fault
         kResultAndValue, // `result`, but the value is delivered
         kStandard,       // throws std::runtime_error(text)
         kWithoutText,    // throws a std::exception whose what() is null
-        kNumber          // throws an int
+        kNumber,         // throws an int
+        kNumberAndValue  // throws an int after the value was delivered
     };
 
     Kind kind;
@@ -31,6 +32,7 @@ struct Fault
     static Fault Standard(std::string text) { return {Kind::kStandard, 0, std::move(text)}; }
     static Fault WithoutText() { return {Kind::kWithoutText}; }
     static Fault Number() { return {Kind::kNumber}; }
+    static Fault NumberAndValue() { return {Kind::kNumberAndValue}; }
 };
 
 struct FakeState;

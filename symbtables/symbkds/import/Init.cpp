@@ -34,7 +34,8 @@ LONG CSymbXml::Init(LPCSTR path, CTraceSink* sink, BOOL verboseFlag, LPCSTR dump
     CImportConnection connection;
     const auto report = [this](LPCSTR text) { ReportException(messages::kInitException, text); };
     bool refused = false;
-    RunGuarded([&] { refused = !OpenExport(connection); }, report);
+    if (!RunGuarded([&] { refused = !OpenExport(connection); }, report))
+        connection.Release(); // nothing half-opened is imported
     if (refused)
         return -1;
     RunGuarded([&] { ImportExport(connection); }, report);
@@ -91,7 +92,7 @@ void CSymbXml::ImportExport(CImportConnection& connection)
     BrowseAllDFBInCMap(connection.walkSource.Get());
     RemoveAllDFBMembers();
     BrowseAllItemInCMap(connection.dataBlock.Get());
-    connection = CImportConnection();
+    connection.Release();
     DumpDictionaries(); // an export that cannot be dumped is loaded all the same
 }
 
