@@ -112,12 +112,13 @@ struct MemberCase
     const char* dumped; // name, comment, type, numbers of the first member, or what is dumped instead
 };
 
-const char kStructure[] = "TYPE M STRUCT A INT block 1 @4 size 2 access 1 hidden 5 'pump' B BOOL END NODATABLOCK";
+const char kStructure[] =
+    "TYPE M STRUCT A INT block 1 @4 size 2 access 1 hidden 5 'pump' B ARRAY[0..1] OF INT END NODATABLOCK";
 
 const MemberCase kMemberCases[] = {
     {"no such call", 1, Fault::Result(E_FAIL),
-     "NbMember 2/DDT/DFB-Member A/pump/INT/2 A590148 (1,4)-2 : 1 0 1/DDT/DFB-Member B//BOOL/"
-     "B 2290148 (0,0)-0 : 3 0 0/"},
+     "NbMember 2/DDT/DFB-Member A/pump/INT/2 A590148 (1,4)-2 : 1 0 1/DDT/DFB-Member B//ARRAY[0..1] OF INT/"
+     "2012 A591088 (0,0)-0 : 3 0 0/"},
     {"GetElementList DDTSource", 1, Fault::ResultAndValue(S_FALSE), "ListType 0/"},
     {"Count", 1, Fault::ResultAndValue(E_FAIL), "ListType 0/"},
     {"Item 0", 1, Fault::Result(S_OK), "ListType 0/"},
@@ -132,6 +133,9 @@ const MemberCase kMemberCases[] = {
     {"GetAttribute value", 2, Fault::Result(E_FAIL), "INT/2 A590148 (1,0)-2 : 1 0 1/"},
     {"SelectChildren attribute name RequestAccessRight", 1, Fault::Result(E_FAIL), "INT/2 A590148 (1,4)-2 : 3 0 1/"},
     {"SelectChildren attribute name IsVariableHidden", 1, Fault::Result(S_OK), "INT/2 A590148 (1,4)-2 : 1 0 0/"},
+    {"GetAttribute value", 5, Fault::ResultAndValue(E_FAIL), "INT/2 A590148 (1,4)-2 : 1 0 1/"}, // hidden, as it came
+    // The type is classified last, so this throw comes before the array is registered.
+    {"SelectChildren attribute name IsVariableHidden", 2, Fault::Number(), "ListType 0/"},
 };
 
 TEST(AbsentValue, OfAMemberLeavesTheRestAlone)
@@ -172,6 +176,8 @@ const SectionCase kSections[] = {
     {"SelectChildren attribute name RequestAccessRight", 3, Fault::Result(S_OK), "",
      "A(0,1):3 B(0,0):3 hidden C(0,0):3 | E(0,0):3"},
     {"SelectChildren attribute name Size", 4, Fault::Result(S_FALSE), "", WHOLE},
+    {"SelectChildren attribute name AreaOffset", 1, Fault::ResultAndValue(E_FAIL), "", WHOLE}, // the list counts
+    {"SelectChildren attribute name IsVariableHidden", 2, Fault::ResultAndValue(E_FAIL), "", WHOLE},
     // The hidden flag of a section's last parameter decides over the sections after it, that of another one does not.
     {"SelectChildren attribute name IsVariableHidden", 1, Fault::Result(E_FAIL), "", WHOLE},
     {"SelectChildren attribute name IsVariableHidden", 2, Fault::Result(E_FAIL), kError,

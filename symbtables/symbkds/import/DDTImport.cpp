@@ -69,7 +69,7 @@ private:
     {
         CInterfacePtr<WalkElement> element;
         while (SUCCEEDED(list.Next(element.Put())) && element)
-            members.Add(ReadMember(*element.Get(), keys, types).member);
+            members.Add(ReadStructureMember(*element.Get(), keys, types));
     }
 
     const ImportKeys keys;

@@ -65,7 +65,7 @@ private:
             list->Next(parameter.Put());
         bool stopped = false;
         while (parameter && !stopped) {
-            MemberRead read = ReadMember(*parameter.Get(), keys, types);
+            ParameterRead read = ReadParameter(*parameter.Get(), keys, types);
             stopped = !read.allSelected;
             result = read.hiddenResult;
             block.members.Add(std::move(read.member));

@@ -38,18 +38,19 @@ std::int32_t PropertyRead::Number(std::int32_t missing) const
     return hasElement ? ParseNumber(value.Get()) : missing;
 }
 
-PropertyRead ReadProperty(WalkElement& element, const ImportKeys& keys, const CBstr& key, ReadValue readValue)
+PropertyRead ReadProperty(WalkElement& element, const ImportKeys& keys, const CBstr& key, PropertyRules rules)
 {
+    const auto counts = [](HRESULT result, Counts rule) { return result == S_OK || rule == Counts::Delivered; };
     PropertyRead read;
     CInterfacePtr<WalkList> list;
     read.result = element.SelectChildren(keys.attribute.Get(), keys.name.Get(), key.Get(), list.Put());
-    read.hasList = read.result == S_OK && list;
+    read.hasList = list && counts(read.result, rules.list);
     if (!read.hasList)
         return read;
     CInterfacePtr<WalkElement> property;
     read.result = list->Next(property.Put());
     const bool nextOk = read.result == S_OK;
-    read.hasElement = static_cast<bool>(property) && (nextOk || readValue == ReadValue::Always);
+    read.hasElement = property && counts(read.result, rules.element);
     if (!read.hasElement)
         return read;
     read.result = property->GetAttribute(keys.value.Get(), read.value.Put());

@@ -47,18 +47,25 @@ void ForEachItem(WalkList& list, LONG count, Read&& read)
     }
 }
 
-// When the value of a found property element is read.
-enum class ReadValue
+// When something that a call delivered counts.
+enum class Counts
 {
-    Always,
-    OnlyAfterOk // not when the list delivered the element with another result
+    Delivered, // whatever result came with it
+    AfterOk    // only with S_OK
+};
+
+// What an import takes from the look-up of a property.
+struct PropertyRules
+{
+    Counts list = Counts::AfterOk;      // of the selection
+    Counts element = Counts::Delivered; // of the list
 };
 
 // The look-up of the child element <attribute name="KEY" value="..."/>.
 struct PropertyRead
 {
-    bool hasList = false;    // the selection delivered a list
-    bool hasElement = false; // the list delivered an element
+    bool hasList = false;    // the selection delivered a list that counts
+    bool hasElement = false; // the list delivered an element that counts
     bool allOk = false;      // every call returned S_OK
     HRESULT result = S_OK;   // of the last call made
     CBstr value;             // null when it was not delivered
@@ -67,5 +74,4 @@ struct PropertyRead
     std::int32_t Number(std::int32_t missing) const;
 };
 
-PropertyRead ReadProperty(WalkElement& element, const ImportKeys& keys, const CBstr& key,
-                          ReadValue readValue = ReadValue::Always);
+PropertyRead ReadProperty(WalkElement& element, const ImportKeys& keys, const CBstr& key, PropertyRules rules = {});

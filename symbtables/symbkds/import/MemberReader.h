@@ -5,13 +5,22 @@
 
 #include <memory>
 
-// A member of a structure or a parameter of a function block, as its element describes it.
-struct MemberRead
+// Both take the member's name, type, comment, placement, access rights and hidden flag from its element. The type is
+// classified, so types that it names must be registered by then.
+
+// A member of a structure. Nothing but the element decides: the hidden flag counts however it came. The type is
+// classified last: a call that throws before leaves no anonymous array behind.
+std::unique_ptr<CSymbXMLDDTMember> ReadStructureMember(WalkElement& element, const ImportKeys& keys,
+                                                       MAPOFDDTDEF& types);
+
+// A parameter of a function block, and what its section needs to know of the calls.
+struct ParameterRead
 {
     std::unique_ptr<CSymbXMLDDTMember> member;
     bool allSelected = true;     // the selections of block, offset, size and access right all delivered a list
     HRESULT hiddenResult = S_OK; // of the last call made for the hidden flag
 };
 
-// Classifies the member's type too, so types that it names must be registered by then.
-MemberRead ReadMember(WalkElement& element, const ImportKeys& keys, MAPOFDDTDEF& types);
+// The type is classified before the other values are read. A list that was delivered counts whatever result came with
+// it, the hidden flag only after S_OK.
+ParameterRead ReadParameter(WalkElement& element, const ImportKeys& keys, MAPOFDDTDEF& types);

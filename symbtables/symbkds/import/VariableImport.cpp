@@ -51,10 +51,11 @@ private:
         variable.size = static_cast<std::uint32_t>(ReadProperty(element, keys, keys.size).Number(0));
         variable.extractBit =
             static_cast<std::uint8_t>(ReadProperty(element, keys, keys.extractBit).Number(kNoExtractBitNumber));
-        const PropertyRead customer = ReadProperty(element, keys, keys.customerString, ReadValue::OnlyAfterOk);
+        constexpr PropertyRules kAllOk{.list = Counts::AfterOk, .element = Counts::AfterOk};
+        const PropertyRead customer = ReadProperty(element, keys, keys.customerString, kAllOk);
         variable.customerString = WideToUtf8(customer.value.Get());
         // A look-up that fails counts as one without an element, so that one variable does not depend on another.
-        const PropertyRead rights = ReadProperty(element, keys, keys.requestAccessRight, ReadValue::OnlyAfterOk);
+        const PropertyRead rights = ReadProperty(element, keys, keys.requestAccessRight, kAllOk);
         variable.accessRights = rights.allOk ? AccessRightsFrom(rights.Number(0)) : kReadWrite;
     }
 
