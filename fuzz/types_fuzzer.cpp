@@ -20,7 +20,7 @@ constexpr std::uint64_t kPageEntries = 8; // a listing of a whole array could be
 
 void ListPage(CSymbXMLDDTDef& definition, CSymbXml& table, BrowseTarget& target)
 {
-    const BrowseOptions options{"", "*", 0, FALSE, TRUE, TRUE, 2, "AC"};
+    const ListingOptions options{"", "*", 0, FALSE, TRUE, TRUE, 2, "AC"};
     const BrowseWindow window{{}, kPageEntries};
     CStringArray names;
     CWordArray kinds;

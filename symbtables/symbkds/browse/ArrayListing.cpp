@@ -108,7 +108,7 @@ HRESULT CSymbXMLDDTArrayDef::BrowseChildren(const BrowseRequest& request)
     if (count == 0)
         return S_OK;
 
-    const BrowseOptions& options = request.options;
+    const ListingOptions& options = request.options;
     const bool asBranches = (options.branchesOnly || options.wantBranches) && !leaf && known;
     const bool asLeaves = options.wantLeaves && (leaf || !known) && options.AcceptsVarType(elementVarType);
     if (asBranches || asLeaves)

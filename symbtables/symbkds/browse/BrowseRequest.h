@@ -1,36 +1,15 @@
 // What a listing is asked for and where its entries go.
 #pragma once
 
-#include "platform/com/Variant.h"
 #include "platform/mfc/CArray.h"
 #include "platform/mfc/CString.h"
+#include "symbkds/browse/ListingOptions.h"
 
 #include <cstdint>
-#include <string_view>
 
 class CSymbXMLDDTDef;
 class CSymbXMLItemDef;
 class CSymbXml;
-
-// Which symbols a host wants to see, and how. Views the host's texts.
-struct BrowseOptions
-{
-    // What a host passes; a null text counts as empty, and codes that are null as none.
-    BrowseOptions(LPCSTR filter, LPCSTR namePattern, VARTYPE varType, BOOL onlyBranches, BOOL leaves, BOOL branches,
-                  LONG fieldCount, const char* codes);
-
-    bool AcceptsVarType(VARTYPE varType) const { return varTypeFilter == 0 || varTypeFilter == varType; }
-    // Case matters.
-    bool AcceptsName(const CString& name) const { return name.View().starts_with(namePrefix); }
-
-    bool unlocatedOnly;          // the filter asks for symbols without an address of their own
-    std::string_view namePrefix; // what stands before the first "*" of the pattern, or all of it when there is none
-    VARTYPE varTypeFilter;       // 0: any
-    bool branchesOnly;
-    bool wantLeaves;
-    bool wantBranches;
-    std::string_view fieldCodes;
-};
 
 // The value whose children are listed.
 struct BrowseTarget
@@ -53,7 +32,7 @@ struct BrowseWindow
 // One call of BrowseChildren.
 struct BrowseRequest
 {
-    const BrowseOptions& options;
+    const ListingOptions& options;
     const BrowseTarget& target;
     CSymbXml& symbolTable;
     CStringArray& names;                  // entry texts, appended

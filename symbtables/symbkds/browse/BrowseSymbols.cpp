@@ -19,8 +19,8 @@ HRESULT CSymbXml::BrowseSymbols(LPCSTR filter, LPCSTR namePattern, VARTYPE varTy
             return E_INVALIDARG;
         HRESULT result = S_OK;
         const auto list = [&] {
-            const BrowseOptions options(filter, namePattern, varTypeFilter, branchesOnly, wantLeaves, wantBranches,
-                                        fieldCount, fieldCodes);
+            const ListingOptions options(filter, namePattern, varTypeFilter, branchesOnly, wantLeaves, wantBranches,
+                                         fieldCount, fieldCodes);
             result = ListAsTexts(options, browsePath, *names);
         };
         // An exception ends the listing: what was appended so far is the answer.
@@ -29,7 +29,7 @@ HRESULT CSymbXml::BrowseSymbols(LPCSTR filter, LPCSTR namePattern, VARTYPE varTy
     });
 }
 
-HRESULT CSymbXml::ListAsTexts(const BrowseOptions& options, LPCSTR browsePath, CStringArray& names)
+HRESULT CSymbXml::ListAsTexts(const ListingOptions& options, LPCSTR browsePath, CStringArray& names)
 {
     if (!browsePath || *browsePath == '\0') {
         ListVariables(options, names);
@@ -44,7 +44,7 @@ HRESULT CSymbXml::ListAsTexts(const BrowseOptions& options, LPCSTR browsePath, C
     return target.definition->BrowseChildren({options, target, *this, names, kinds});
 }
 
-void CSymbXml::ListVariables(const BrowseOptions& options, CStringArray& names)
+void CSymbXml::ListVariables(const ListingOptions& options, CStringArray& names)
 {
     CVariableCursor cursor(variables, variables.PGetFirstAssoc());
     while (const CSymbXMLItemDef* next = cursor.Next()) {
@@ -70,7 +70,7 @@ CString CSymbXml::AddressOf(const CSymbXMLItemDef& variable) const
     return address;
 }
 
-bool CSymbXml::IsListedAsText(const CSymbXMLItemDef& variable, const BrowseOptions& options)
+bool CSymbXml::IsListedAsText(const CSymbXMLItemDef& variable, const ListingOptions& options)
 {
     if (options.branchesOnly)
         return !variable.IsElementaryScalar() && IsOfDerivedType(variable);

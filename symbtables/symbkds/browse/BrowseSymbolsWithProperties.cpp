@@ -1,7 +1,7 @@
 // Listings as records with item identifiers.
 #include "platform/mfc/CSingleLock.h"
-#include "symbkds/browse/BrowseElementWriter.h"
 #include "symbkds/browse/BrowseRequest.h"
+#include "symbkds/browse/CBrowseElementWriter.h"
 #include "symbkds/browse/EntryText.h"
 #include "symbkds/browse/VariableCursor.h"
 #include "symbkds/frame/CSymbXml.h"
@@ -30,8 +30,8 @@ HRESULT CSymbXml::BrowseSymbolsWithProperties(LPCSTR filter, LPCSTR namePattern,
 {
     const CSingleLock guard(&lock, TRUE);
     return WithMemoryException([&]() -> HRESULT {
-        const BrowseOptions options(filter, namePattern, varTypeFilter, branchesOnly, wantLeaves, wantBranches,
-                                    fieldCount, fieldCodes);
+        const ListingOptions options(filter, namePattern, varTypeFilter, branchesOnly, wantLeaves, wantBranches,
+                                     fieldCount, fieldCodes);
         CheckForNewFile();
         const HostElements host{maxElements, continuationPoint, moreElements, elementCount, elements, elementCapacity};
         if (!IsUsable(host) || (fieldCount > 0 && !fieldCodes))
@@ -44,7 +44,7 @@ HRESULT CSymbXml::BrowseSymbolsWithProperties(LPCSTR filter, LPCSTR namePattern,
     });
 }
 
-HRESULT CSymbXml::ListChildrenWithProperties(const BrowseOptions& options, LPCSTR browsePath,
+HRESULT CSymbXml::ListChildrenWithProperties(const ListingOptions& options, LPCSTR browsePath,
                                              CBrowseElementWriter& writer)
 {
     BrowseTarget target;
@@ -63,7 +63,7 @@ HRESULT CSymbXml::ListChildrenWithProperties(const BrowseOptions& options, LPCST
     return FAILED(writer.GetResult()) ? writer.GetResult() : result;
 }
 
-void CSymbXml::ListVariablesWithProperties(const BrowseOptions& options, CBrowseElementWriter& writer)
+void CSymbXml::ListVariablesWithProperties(const ListingOptions& options, CBrowseElementWriter& writer)
 {
     if (!writer.EnsureElementCapacity(static_cast<std::uint32_t>(variables.GetCount())))
         return;
@@ -83,7 +83,7 @@ void CSymbXml::ListVariablesWithProperties(const BrowseOptions& options, CBrowse
     }
 }
 
-const CSymbXml::Variables::CPair* CSymbXml::FirstToList(const BrowseOptions& options, const CString& resumeAt) const
+const CSymbXml::Variables::CPair* CSymbXml::FirstToList(const ListingOptions& options, const CString& resumeAt) const
 {
     if (resumeAt.IsEmpty())
         return variables.PGetFirstAssoc();
@@ -92,7 +92,7 @@ const CSymbXml::Variables::CPair* CSymbXml::FirstToList(const BrowseOptions& opt
     return listed ? pair : nullptr;
 }
 
-bool CSymbXml::PassesRootFilters(const CSymbXMLItemDef& variable, const BrowseOptions& options)
+bool CSymbXml::PassesRootFilters(const CSymbXMLItemDef& variable, const ListingOptions& options)
 {
     return options.AcceptsVarType(variable.varType) &&
            !(options.unlocatedOnly && !variable.topologicalAddress.IsEmpty()) && options.AcceptsName(variable.name);

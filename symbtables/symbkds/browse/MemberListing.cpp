@@ -22,7 +22,7 @@ struct MemberListingRules
 
 bool IsWanted(const CSymbXMLDDTMember& member, bool leaf, const BrowseRequest& request, bool filterMixed)
 {
-    const BrowseOptions& options = request.options;
+    const ListingOptions& options = request.options;
     if (options.wantLeaves && !options.branchesOnly && !options.wantBranches)
         return leaf && options.AcceptsVarType(member.varType);
     if (options.branchesOnly || (options.wantBranches && !options.wantLeaves))

@@ -13,7 +13,7 @@
 class CBrowseElementWriter;
 class CDumpLine;
 class CSymbKorvaAnalyser;
-struct BrowseOptions;
+struct ListingOptions;
 struct BrowseTarget;
 struct CImportConnection;
 struct ResolvedSymbol;
@@ -117,17 +117,17 @@ private:
 
     // Listings. E_INVALIDARG when the path does not lead to a value of a derived type.
     HRESULT FindBrowseTarget(LPCSTR browsePath, BrowseTarget& target);
-    HRESULT ListAsTexts(const BrowseOptions& options, LPCSTR browsePath, CStringArray& names);
-    void ListVariables(const BrowseOptions& options, CStringArray& names);
-    bool IsListedAsText(const CSymbXMLItemDef& variable, const BrowseOptions& options);
+    HRESULT ListAsTexts(const ListingOptions& options, LPCSTR browsePath, CStringArray& names);
+    void ListVariables(const ListingOptions& options, CStringArray& names);
+    bool IsListedAsText(const CSymbXMLItemDef& variable, const ListingOptions& options);
     bool IsOfDerivedType(const CSymbXMLItemDef& variable);
     // The topological address, or the text of a memory area; empty for most unlocated variables.
     CString AddressOf(const CSymbXMLItemDef& variable) const;
-    HRESULT ListChildrenWithProperties(const BrowseOptions& options, LPCSTR browsePath, CBrowseElementWriter& writer);
-    void ListVariablesWithProperties(const BrowseOptions& options, CBrowseElementWriter& writer);
+    HRESULT ListChildrenWithProperties(const ListingOptions& options, LPCSTR browsePath, CBrowseElementWriter& writer);
+    void ListVariablesWithProperties(const ListingOptions& options, CBrowseElementWriter& writer);
     // The entry at which a listing begins or resumes; null when no listed variable has exactly that name.
-    const Variables::CPair* FirstToList(const BrowseOptions& options, const CString& resumeAt) const;
-    static bool PassesRootFilters(const CSymbXMLItemDef& variable, const BrowseOptions& options);
+    const Variables::CPair* FirstToList(const ListingOptions& options, const CString& resumeAt) const;
+    static bool PassesRootFilters(const CSymbXMLItemDef& variable, const ListingOptions& options);
 
     void ClearDictionaries();
 

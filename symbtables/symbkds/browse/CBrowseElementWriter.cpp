@@ -1,4 +1,4 @@
-#include "symbkds/browse/BrowseElementWriter.h"
+#include "symbkds/browse/CBrowseElementWriter.h"
 
 #include "platform/com/TaskMemory.h"
 #include "symbkds/browse/EntryText.h"

@@ -3,7 +3,7 @@
 #include "platform/mfc/CArray.h"
 #include "platform/mfc/CString.h"
 #include "symb/BrowseElement.h"
-#include "symbkds/browse/ItemIds.h"
+#include "symbkds/browse/CItemIds.h"
 
 #include <cstdint>
 

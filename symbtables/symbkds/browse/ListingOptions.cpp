@@ -1,4 +1,4 @@
-#include "symbkds/browse/BrowseRequest.h"
+#include "symbkds/browse/ListingOptions.h"
 
 namespace {
 
@@ -9,8 +9,8 @@ std::string_view ViewOf(LPCSTR text)
 
 } // namespace
 
-BrowseOptions::BrowseOptions(LPCSTR filter, LPCSTR namePattern, VARTYPE varType, BOOL onlyBranches, BOOL leaves,
-                             BOOL branches, LONG fieldCount, const char* codes)
+ListingOptions::ListingOptions(LPCSTR filter, LPCSTR namePattern, VARTYPE varType, BOOL onlyBranches, BOOL leaves,
+                               BOOL branches, LONG fieldCount, const char* codes)
     : unlocatedOnly(ViewOf(filter).find("%UL") != std::string_view::npos),
       namePrefix(ViewOf(namePattern).substr(0, ViewOf(namePattern).find('*'))), varTypeFilter(varType),
       branchesOnly(onlyBranches != 0), wantLeaves(leaves != 0), wantBranches(branches != 0)

@@ -1,4 +1,4 @@
-#include "symbkds/browse/ItemIds.h"
+#include "symbkds/browse/CItemIds.h"
 
 #include "platform/win32/CodePage.h"
 #include "symbkds/model/WideToUtf8.h"
