@@ -9,11 +9,10 @@ std::string_view ViewOf(LPCSTR text)
 
 } // namespace
 
-ListingOptions::ListingOptions(LPCSTR filter, LPCSTR namePattern, VARTYPE varType, BOOL onlyBranches, BOOL leaves,
+ListingOptions::ListingOptions(LPCSTR filter, LPCSTR pattern, VARTYPE varType, BOOL onlyBranches, BOOL leaves,
                                BOOL branches, LONG fieldCount, const char* codes)
-    : unlocatedOnly(ViewOf(filter).find("%UL") != std::string_view::npos),
-      namePrefix(ViewOf(namePattern).substr(0, ViewOf(namePattern).find('*'))), varTypeFilter(varType),
-      branchesOnly(onlyBranches != 0), wantLeaves(leaves != 0), wantBranches(branches != 0)
+    : unlocatedOnly(ViewOf(filter).find("%UL") != std::string_view::npos), namePattern(ViewOf(pattern)),
+      varTypeFilter(varType), branchesOnly(onlyBranches != 0), wantLeaves(leaves != 0), wantBranches(branches != 0)
 {
     if (fieldCount > 0 && codes)
         fieldCodes = {codes, static_cast<std::size_t>(fieldCount)};
