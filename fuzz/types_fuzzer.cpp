@@ -21,10 +21,10 @@ constexpr std::uint64_t kPageEntries = 8; // a listing of a whole array could be
 void ListPage(CSymbXMLDDTDef& definition, CSymbXml& table, BrowseTarget& target)
 {
     const ListingOptions options{"", "*", 0, FALSE, TRUE, TRUE, 2, "AC"};
-    const BrowseWindow window{{}, kPageEntries};
+    CListingPage page({}, kPageEntries);
     CStringArray names;
     CWordArray kinds;
-    definition.BrowseChildren({options, target, table, names, kinds, &window});
+    definition.BrowseChildren({options, target, table, page, names, kinds});
     Require(names.GetSize() == kinds.GetSize(), "every entry has a kind", names.GetSize() ? names[0].View() : "");
     Require(static_cast<std::uint64_t>(names.GetSize()) <= kPageEntries, "a page has an end", "");
 }

@@ -3,12 +3,15 @@
 #include "symb/BrowseElement.h"
 #include "symbkds/browse/BrowseRequest.h"
 #include "symbkds/browse/EntryText.h"
+#include "symbkds/browse/Selection.h"
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTArrayDef.h"
 #include "symbkds/model/ElementaryTypes.h"
 #include "symbkds/model/TextNumber.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 
 namespace {
 
@@ -28,25 +31,26 @@ public:
     void Run()
     {
         const std::uint32_t considered = std::min(bounds.ElementCount(), kMaxListedElements);
-        std::uint64_t left = request.window ? request.window->entryLimit : considered;
-        for (std::uint32_t number = FirstNumber(considered); number < considered && left > 0; ++number) {
+        for (std::uint32_t number = FirstNumber(considered); number < considered && !request.page.IsFull(); ++number) {
             Sleep(0); // other threads of the host go on during a long listing
             const CString name = NameOf(number);
             if (!request.options.AcceptsName(name))
                 continue;
-            request.names.Add(EntryOf(number, name));
+            const CString entry = EntryOf(number, name);
+            if (!request.page.Take(entry))
+                return;
+            request.names.Add(entry);
             request.kinds.Add(kind);
-            --left;
         }
     }
 
 private:
-    // The element with which a page begins; `considered` when no element is called so.
+    // The element with which the listing begins; `considered` when no listed element is called so.
     std::uint32_t FirstNumber(std::uint32_t considered) const
     {
-        if (!request.window || request.window->resumeAt.IsEmpty())
+        const CString& resumeAt = request.page.ResumeAt();
+        if (resumeAt.IsEmpty())
             return 0;
-        const CString& resumeAt = request.window->resumeAt;
         const std::size_t bracket = request.target.prefix.View().size();
         if (resumeAt.View().size() <= bracket || resumeAt.View()[bracket] != '[')
             return considered;
@@ -57,14 +61,17 @@ private:
         const auto candidate = static_cast<std::uint32_t>(number);
         const CString name = NameOf(candidate);
         const bool listed = request.options.AcceptsName(name);
-        return listed && AsContinuationPoint(EntryOf(candidate, name)) == resumeAt ? candidate : considered;
+        return listed && request.page.ResumesAt(EntryOf(candidate, name)) ? candidate : considered;
     }
 
     CString NameOf(std::uint32_t number) const
     {
-        CString name = request.target.prefix;
-        name.AppendFormat("[%d]", static_cast<int>(bounds.lower + std::int64_t{number}));
-        return name;
+        std::array<char, sizeof "[-2147483648]"> index{'['};
+        char* end =
+            std::to_chars(index.data() + 1, index.data() + index.size(), bounds.lower + std::int64_t{number}).ptr;
+        *end++ = ']';
+        *end = '\0';
+        return request.target.prefix + index.data();
     }
 
     CString EntryOf(std::uint32_t number, const CString& name) const
@@ -108,12 +115,11 @@ HRESULT CSymbXMLDDTArrayDef::BrowseChildren(const BrowseRequest& request)
     if (count == 0)
         return S_OK;
 
-    const ListingOptions& options = request.options;
-    const bool asBranches = (options.branchesOnly || options.wantBranches) && !leaf && known;
-    const bool asLeaves = options.wantLeaves && (leaf || !known) && options.AcceptsVarType(elementVarType);
-    if (asBranches || asLeaves)
+    const Selection selected(request.options, {.leavesBesideBranchesOnly = true});
+    const bool branch = !leaf && known; // elements of an unknown type count as leaves
+    if (branch ? selected.branches : selected.leaves && request.options.AcceptsVarType(elementVarType))
         CElementListing(request, FirstBounds(), request.target.size / count, elementCode,
-                        !leaf && known ? element->GetDisplayName() : elementTypeName,
+                        branch ? element->GetDisplayName() : elementTypeName,
                         leaf ? BrowseElement::kLeaf : BrowseElement::kBranch)
             .Run();
     return S_OK;

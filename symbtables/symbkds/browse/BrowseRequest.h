@@ -1,8 +1,9 @@
-// What a listing is asked for and where its entries go.
+// One listing of the children of a value, and where its entries go.
 #pragma once
 
 #include "platform/mfc/CArray.h"
 #include "platform/mfc/CString.h"
+#include "symbkds/browse/CListingPage.h"
 #include "symbkds/browse/ListingOptions.h"
 
 #include <cstdint>
@@ -22,12 +23,8 @@ struct BrowseTarget
     CString prefix;           // names an array's elements, an index behind it
 };
 
-// The part of an array listing that one page needs.
-struct BrowseWindow
-{
-    CString resumeAt;         // the entry to begin with; empty: the first
-    std::uint64_t entryLimit; // entries enough for the page and the point at which the next one begins
-};
+// Finds the value that a path leads to. E_INVALIDARG when it is none of a derived type. The caller holds the lock.
+HRESULT FindBrowseTarget(CSymbXml& symbolTable, LPCSTR browsePath, BrowseTarget& target);
 
 // One call of BrowseChildren.
 struct BrowseRequest
@@ -35,7 +32,7 @@ struct BrowseRequest
     const ListingOptions& options;
     const BrowseTarget& target;
     CSymbXml& symbolTable;
-    CStringArray& names;                  // entry texts, appended
-    CWordArray& kinds;                    // BrowseElement::kLeaf or kBranch, one for each name
-    const BrowseWindow* window = nullptr; // arrays alone read it; null: list everything
+    CListingPage& page;
+    CStringArray& names; // entry texts, appended
+    CWordArray& kinds;   // BrowseElement::kLeaf or kBranch, one for each name
 };

@@ -2,12 +2,10 @@
 #include "platform/mfc/CSingleLock.h"
 #include "symbkds/browse/BrowseRequest.h"
 #include "symbkds/browse/CBrowseElementWriter.h"
-#include "symbkds/browse/EntryText.h"
-#include "symbkds/browse/VariableCursor.h"
+#include "symbkds/browse/CVariableListing.h"
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/frame/Guard.h"
 #include "symbkds/model/CSymbXMLDDTDef.h"
-#include "symbkds/model/UpperCase.h"
 
 namespace {
 
@@ -17,6 +15,33 @@ bool IsUsable(const HostElements& host)
     if (!host.moreElements || !host.elementCount || !host.elements || !host.elementCapacity)
         return false;
     return *host.elements || (host.maxElements == 0 && *host.elementCount == 0);
+}
+
+HRESULT ListVariables(const CSymbXml& table, const ListingOptions& options, CBrowseElementWriter& writer)
+{
+    if (writer.EnsureElementCapacity(static_cast<std::uint32_t>(table.GetVariables().GetCount())))
+        CVariableListing(table, options).AsRecords(writer);
+    return writer.GetResult();
+}
+
+HRESULT ListChildren(CSymbXml& table, const ListingOptions& options, LPCSTR browsePath, LPCWSTR parentId,
+                     const HostElements& host)
+{
+    BrowseTarget target;
+    if (const HRESULT result = FindBrowseTarget(table, browsePath, target); result != S_OK)
+        return result;
+    if (options.unlocatedOnly && target.root->HasMemoryAddress())
+        return S_OK;
+    CBrowseElementWriter writer(host, target.definition->IsArray()
+                                          ? CItemIds::OfElements(parentId, browsePath, target.prefix)
+                                          : CItemIds::OfMembers(parentId));
+    CStringArray names;
+    CWordArray kinds;
+    CListingPage page = writer.GetPage();
+    const HRESULT result = target.definition->BrowseChildren({options, target, table, page, names, kinds});
+    if (writer.EnsureElementCapacity(static_cast<std::uint32_t>(names.GetSize())))
+        writer.FillBrowseElements(names, kinds);
+    return FAILED(writer.GetResult()) ? writer.GetResult() : result;
 }
 
 } // namespace
@@ -36,64 +61,9 @@ HRESULT CSymbXml::BrowseSymbolsWithProperties(LPCSTR filter, LPCSTR namePattern,
         const HostElements host{maxElements, continuationPoint, moreElements, elementCount, elements, elementCapacity};
         if (!IsUsable(host) || (fieldCount > 0 && !fieldCodes))
             return E_INVALIDARG;
-        CBrowseElementWriter writer(host, browsePath, parentId);
         if (browsePath && *browsePath != '\0')
-            return ListChildrenWithProperties(options, browsePath, writer);
-        ListVariablesWithProperties(options, writer);
-        return writer.GetResult();
+            return ListChildren(*this, options, browsePath, parentId, host);
+        CBrowseElementWriter writer(host, CItemIds::OfVariables(parentId));
+        return ListVariables(*this, options, writer);
     });
-}
-
-HRESULT CSymbXml::ListChildrenWithProperties(const ListingOptions& options, LPCSTR browsePath,
-                                             CBrowseElementWriter& writer)
-{
-    BrowseTarget target;
-    if (const HRESULT result = FindBrowseTarget(browsePath, target); result != S_OK)
-        return result;
-    if (options.unlocatedOnly && target.root->topologicalAddress.Find('%') >= 0)
-        return S_OK;
-    CStringArray names;
-    CWordArray kinds;
-    // One entry more than fit tells where the next page begins.
-    const BrowseWindow window{writer.GetResumeAt(), std::uint64_t{writer.RoomLeft()} + 1};
-    const HRESULT result = target.definition->BrowseChildren(
-        {options, target, *this, names, kinds, writer.HasLimit() ? &window : nullptr});
-    if (writer.EnsureElementCapacity(static_cast<std::uint32_t>(names.GetSize())))
-        writer.FillBrowseElements(names, kinds);
-    return FAILED(writer.GetResult()) ? writer.GetResult() : result;
-}
-
-void CSymbXml::ListVariablesWithProperties(const ListingOptions& options, CBrowseElementWriter& writer)
-{
-    if (!writer.EnsureElementCapacity(static_cast<std::uint32_t>(variables.GetCount())))
-        return;
-    CVariableCursor cursor(variables, FirstToList(options, writer.GetResumeAt()));
-    while (const CSymbXMLItemDef* next = cursor.Next()) {
-        const CSymbXMLItemDef& variable = *next;
-        if (!PassesRootFilters(variable, options))
-            continue;
-        const bool elementary = variable.IsElementaryScalar();
-        const bool branch = !elementary && IsOfDerivedType(variable);
-        const bool wanted = options.branchesOnly
-                                ? branch
-                                : (options.wantBranches && options.wantLeaves) || (options.wantBranches && branch) ||
-                                      (options.wantLeaves && elementary);
-        if (wanted && writer.AddBrowseElement(variable.name, branch ? BrowseElement::kBranch : BrowseElement::kLeaf))
-            return;
-    }
-}
-
-const CSymbXml::Variables::CPair* CSymbXml::FirstToList(const ListingOptions& options, const CString& resumeAt) const
-{
-    if (resumeAt.IsEmpty())
-        return variables.PGetFirstAssoc();
-    const auto* pair = variables.PLookup(CUpperName(resumeAt));
-    const bool listed = pair && pair->value->name == resumeAt && PassesRootFilters(*pair->value, options);
-    return listed ? pair : nullptr;
-}
-
-bool CSymbXml::PassesRootFilters(const CSymbXMLItemDef& variable, const ListingOptions& options)
-{
-    return options.AcceptsVarType(variable.varType) &&
-           !(options.unlocatedOnly && !variable.topologicalAddress.IsEmpty()) && options.AcceptsName(variable.name);
 }

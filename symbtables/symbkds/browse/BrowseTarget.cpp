@@ -21,7 +21,7 @@ CString PrefixOf(const CSymbKorvaAnalyser& path)
 
 } // namespace
 
-HRESULT CSymbXml::FindBrowseTarget(LPCSTR browsePath, BrowseTarget& target)
+HRESULT FindBrowseTarget(CSymbXml& symbolTable, LPCSTR browsePath, BrowseTarget& target)
 {
     CSymbKorvaAnalyser path;
     CString pathText(browsePath);
@@ -29,7 +29,8 @@ HRESULT CSymbXml::FindBrowseTarget(LPCSTR browsePath, BrowseTarget& target)
         return E_INVALIDARG;
     CString rootName;
     path.GetItemName(0, rootName);
-    target.root = FindVariable(rootName);
+    target.root = symbolTable.FindVariable(rootName);
+    MAPOFDDTDEF& types = symbolTable.GetTypes();
     CSymbXMLDDTDef* rootDefinition = nullptr;
     if (!target.root || !types.FindTypeDef(target.root->typeName, rootDefinition))
         return E_INVALIDARG;

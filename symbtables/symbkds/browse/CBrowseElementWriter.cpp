@@ -1,47 +1,29 @@
 #include "symbkds/browse/CBrowseElementWriter.h"
 
 #include "platform/com/TaskMemory.h"
-#include "symbkds/browse/EntryText.h"
 #include "symbkds/model/WideToUtf8.h"
 
 #include <limits>
+#include <utility>
 
 namespace {
 
 constexpr std::uint64_t kSpareElements = 1000;
 
-// Whether two entries differ in nothing but the case of their fields: listing a
-// page makes the type names that fields show upper case.
-bool DifferInFieldCase(const CString& entry, const CString& other)
-{
-    const int nameEnd = entry.Find('|');
-    return nameEnd >= 0 && entry.CompareNoCase(other) == 0 && entry.Left(nameEnd) == other.Left(nameEnd);
-}
-
-// The index of the entry that an earlier page named as the first of the next one; the count when there is none.
-int FindEntry(const CStringArray& entries, const CString& wanted)
-{
-    const int count = entries.GetSize();
-    for (int i = 0; i < count; ++i)
-        if (AsContinuationPoint(entries[i]) == wanted)
-            return i;
-    for (int i = 0; i < count; ++i)
-        if (DifferInFieldCase(AsContinuationPoint(entries[i]), wanted))
-            return i;
-    return count;
-}
-
 } // namespace
 
-CBrowseElementWriter::CBrowseElementWriter(const HostElements& hostElements, LPCSTR listedPath, LPCWSTR listedId)
-    : host(hostElements), itemIds(listedPath, listedId),
+CBrowseElementWriter::CBrowseElementWriter(const HostElements& hostElements, CItemIds identifiers)
+    : host(hostElements), itemIds(std::move(identifiers)),
       resumeAt(host.continuationPoint ? WideToUtf8(*host.continuationPoint) : CString()),
       targetIndex(*host.elementCount)
 {}
 
-std::uint32_t CBrowseElementWriter::RoomLeft() const
+CListingPage CBrowseElementWriter::GetPage() const
 {
-    return host.maxElements > targetIndex ? host.maxElements - targetIndex : 0;
+    if (!HasLimit())
+        return {resumeAt, std::numeric_limits<std::uint64_t>::max()};
+    const std::uint32_t room = host.maxElements > targetIndex ? host.maxElements - targetIndex : 0;
+    return {resumeAt, std::uint64_t{room} + 1};
 }
 
 bool CBrowseElementWriter::EnsureElementCapacity(std::uint32_t candidates)
@@ -70,7 +52,7 @@ bool CBrowseElementWriter::AddBrowseElement(const CString& entry, DWORD kind)
     if (HasLimit() && targetIndex >= host.maxElements)
         return CutListing(entry);
     TaskText name = MakeTaskText(entry.View());
-    TaskText itemId = name.text ? itemIds.Make(entry.View(), name) : TaskText();
+    TaskText itemId = name.text ? itemIds.BuildItemId(name) : TaskText();
     if (!itemId.text) {
         result = E_OUTOFMEMORY;
         return true;
@@ -103,7 +85,7 @@ bool CBrowseElementWriter::CutListing(const CString& entry)
 
 void CBrowseElementWriter::FillBrowseElements(const CStringArray& entries, const CWordArray& kinds)
 {
-    for (int i = resumeAt.IsEmpty() ? 0 : FindEntry(entries, resumeAt); i < entries.GetSize(); ++i)
+    for (int i = 0; i < entries.GetSize(); ++i)
         if (AddBrowseElement(entries[i], i < kinds.GetSize() ? kinds[i] : BrowseElement::kLeaf))
             return;
 }

@@ -4,6 +4,7 @@
 #include "platform/mfc/CString.h"
 #include "symb/BrowseElement.h"
 #include "symbkds/browse/CItemIds.h"
+#include "symbkds/browse/CListingPage.h"
 
 #include <cstdint>
 
@@ -25,27 +26,27 @@ struct HostElements
 class CBrowseElementWriter
 {
 public:
-    // `listedPath` and `listedId` (null or UTF-16), the browse path and the
-    // host's identifier of it, name what is listed.
-    CBrowseElementWriter(const HostElements& hostElements, LPCSTR listedPath, LPCWSTR listedId);
+    // `identifiers` makes the item identifiers of what is listed.
+    CBrowseElementWriter(const HostElements& hostElements, CItemIds identifiers);
 
     // Where the host wants the listing to resume; empty: at the first entry.
     const CString& GetResumeAt() const { return resumeAt; }
-    // Entries after which another one only tells where the next page begins; only with a limit.
-    std::uint32_t RoomLeft() const;
-    bool HasLimit() const { return host.maxElements != 0; }
+    // What a listing must collect for the host: with a limit, one entry more than fits, which tells where the next page
+    // begins.
+    CListingPage GetPage() const;
 
     // Makes room for `candidates` more elements if there is no limit. False: out of memory.
     bool EnsureElementCapacity(std::uint32_t candidates);
     // Adds an element. True when the listing must stop: the limit is reached, or memory is short.
     bool AddBrowseElement(const CString& entry, DWORD kind);
-    // Adds the collected entries from the one to resume at.
+    // Adds the collected entries.
     void FillBrowseElements(const CStringArray& entries, const CWordArray& kinds);
 
     // S_OK, or E_OUTOFMEMORY once an allocation has failed.
     HRESULT GetResult() const { return result; }
 
 private:
+    bool HasLimit() const { return host.maxElements != 0; }
     bool CutListing(const CString& entry);
 
     HostElements host;

@@ -18,23 +18,29 @@ std::basic_string<WCHAR> Widen(const CString& text)
 
 } // namespace
 
-CItemIds::CItemIds(LPCSTR path, LPCWSTR parentId)
+CItemIds CItemIds::Joined(LPCWSTR parentId, LPCSTR separator)
 {
-    const CString parent = WideToUtf8(parentId);
-    const CString pathText = path;
-    if (pathText.IsEmpty()) {
-        ofOthers = Widen(parent + "!");
-        return;
-    }
-    elementPrefix = pathText.Mid(pathText.ReverseFind('.') + 1) + "[";
-    elementPrefixUnits = Widen(elementPrefix).size();
-    ofElements = Widen(parent + "[");
-    ofOthers = Widen(parent + ".");
+    CItemIds made;
+    made.head = Widen(WideToUtf8(parentId) + separator);
+    return made;
 }
 
-TaskText CItemIds::Make(std::string_view entry, const TaskText& wideEntry) const
+CItemIds CItemIds::OfElements(LPCWSTR parentId, const CString& path, const CString& prefix)
 {
-    if (!elementPrefix.IsEmpty() && entry.starts_with(elementPrefix.View()))
-        return MakeTaskText(ofElements, wideEntry.View().substr(std::min(elementPrefixUnits, wideEntry.units)));
-    return MakeTaskText(ofOthers, wideEntry.View());
+    const CString component = path.Mid(path.ReverseFind('.') + 1);
+    if (component.IsEmpty())
+        return OfMembers(parentId);
+    const CString entryHead = prefix + "["; // every element's entry begins with it
+    const bool repeatsComponent =
+        component.GetLength() < entryHead.GetLength() && entryHead.View().starts_with(component.View());
+    const int repeated = repeatsComponent ? component.GetLength() : prefix.GetLength();
+    CItemIds made;
+    made.head = Widen(WideToUtf8(parentId) + entryHead.Mid(repeated, 1));
+    made.repeatedUnits = Widen(entryHead.Left(repeated + 1)).size();
+    return made;
+}
+
+TaskText CItemIds::BuildItemId(const TaskText& entry) const
+{
+    return MakeTaskText(head, entry.View().substr(std::min(repeatedUnits, entry.units)));
 }

@@ -5,26 +5,28 @@
 
 #include <string>
 
-// The item identifiers of the entries below one path: the parent's identifier
-// and the entry's name, joined by "!" at the root and by "." below it. Only an
-// element of an array, whose entry repeats the path's last component, goes on
-// with its "[".
+// The item identifiers of the entries of one listing: the identifier under which the host knows what is listed (UTF-16,
+// null counting as empty), and the entry.
 //
-// The parent's part is converted once, with the joining character. No code page
-// has a character that goes on behind one of these, so both parts may be
-// converted apart.
+// The parent's part is converted once, together with the character that follows it, which in some code pages may be the
+// second half of a character: what stands behind it may be converted apart.
 class CItemIds
 {
 public:
-    // `path` and `parentId` (null or UTF-16), the browse path and the host's identifier of it. Raises CMemoryException.
-    CItemIds(LPCSTR path, LPCWSTR parentId);
+    // Of variables: joined by "!". All of these may raise CMemoryException.
+    static CItemIds OfVariables(LPCWSTR parentId) { return Joined(parentId, "!"); }
+    // Of members and parameters: joined by ".".
+    static CItemIds OfMembers(LPCWSTR parentId) { return Joined(parentId, "."); }
+    // Of the elements of the array at `path`. Their entries, which are `prefix` and an index, repeat the end of the
+    // path: only what follows goes on behind the parent's identifier, also when the path leaves a bracket open.
+    static CItemIds OfElements(LPCWSTR parentId, const CString& path, const CString& prefix);
 
-    // The identifier of an entry, of which `wideEntry` is the UTF-16 form.
-    TaskText Make(std::string_view entry, const TaskText& wideEntry) const;
+    // The identifier of an entry, which is given in UTF-16.
+    TaskText BuildItemId(const TaskText& entry) const;
 
 private:
-    CString elementPrefix; // of the entries of an array; empty at the root
-    std::size_t elementPrefixUnits = 0;
-    std::basic_string<WCHAR> ofElements; // the parent's part of their identifiers
-    std::basic_string<WCHAR> ofOthers;
+    static CItemIds Joined(LPCWSTR parentId, LPCSTR separator);
+
+    std::basic_string<WCHAR> head;
+    std::size_t repeatedUnits = 0; // of an entry that stand in `head` already
 };

@@ -1,28 +1,30 @@
 #include "symbkds/browse/EntryText.h"
 
-#include "symbkds/model/WideToUtf8.h"
+#include "platform/mfc/Exceptions.h"
 
 #include <algorithm>
+#include <climits>
 
 CString MakeEntryText(const CString& name, std::string_view fieldCodes, const CString& comment, const CString& address)
 {
-    CString entry = name;
+    if (fieldCodes.empty())
+        return name;
+    const auto textOf = [&](char code) -> std::string_view {
+        return code == 'A' ? address.View() : code == 'C' ? comment.View() : std::string_view();
+    };
+    std::uint64_t bytes = name.View().size() + fieldCodes.size();
+    for (const char code : fieldCodes)
+        bytes += textOf(code).size();
+    if (bytes >= INT_MAX)
+        AfxThrowMemoryException();
+    CString entry;
+    char* at = std::ranges::copy(name.View(), entry.GetBuffer(static_cast<int>(bytes))).out;
     for (const char code : fieldCodes) {
-        entry += '|';
-        if (code == 'A')
-            entry += address;
-        else if (code == 'C')
-            entry += comment;
+        *at++ = '|';
+        at = std::ranges::copy(textOf(code), at).out;
     }
+    entry.ReleaseBuffer(static_cast<int>(bytes));
     return entry;
-}
-
-CString AsContinuationPoint(const CString& entry)
-{
-    int end = std::min(entry.GetLength(), kMaxUtf8Bytes);
-    while (end > 0 && end < entry.GetLength() && (entry.GetAt(end) & 0xC0) == 0x80)
-        --end;
-    return entry.Left(end);
 }
 
 CString MakeUnlocatedField(const CString& typeName, std::uint32_t block, std::uint32_t offset,

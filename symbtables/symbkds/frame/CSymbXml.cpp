@@ -49,7 +49,7 @@ void CSymbXml::ReportException(const ExceptionMessages& phase, LPCSTR exceptionT
     }
 }
 
-CSymbXMLItemDef* CSymbXml::FindVariable(const CString& name) const
+const CSymbXMLItemDef* CSymbXml::FindVariable(const CString& name) const
 {
     CSymbXMLItemDef* variable = nullptr;
     return variables.Lookup(CUpperName(name), variable) ? variable : nullptr;

@@ -10,11 +10,8 @@
 
 #include <array>
 
-class CBrowseElementWriter;
 class CDumpLine;
 class CSymbKorvaAnalyser;
-struct ListingOptions;
-struct BrowseTarget;
 struct CImportConnection;
 struct ResolvedSymbol;
 struct WalkElement;
@@ -83,7 +80,10 @@ public:
     std::uint32_t DrawAnonymousArrayNumber() { return anonymousArrayCounter++; }
 
     MAPOFDDTDEF& GetTypes() { return types; }
+    const MAPOFDDTDEF& GetTypes() const { return types; }
     const Variables& GetVariables() const { return variables; }
+    // The variable of that name in any case; null when there is none.
+    const CSymbXMLItemDef* FindVariable(const CString& name) const;
 
 private:
     // Sends a message if there is a sink and the message is not for verbose only.
@@ -108,26 +108,10 @@ private:
 
     // What every lookup and listing does first. The caller holds the lock.
     void CheckForNewFile();
-    // The variable of that name in any case; null when there is none.
-    CSymbXMLItemDef* FindVariable(const CString& name) const;
 
     // The two roads of the lookup.
     HRESULT ResolvePlainName(const CSymbKorvaAnalyser& path, const CString& nameAsAsked, ResolvedSymbol& symbol);
     HRESULT ResolveCompoundPath(const CSymbKorvaAnalyser& path, ResolvedSymbol& symbol);
-
-    // Listings. E_INVALIDARG when the path does not lead to a value of a derived type.
-    HRESULT FindBrowseTarget(LPCSTR browsePath, BrowseTarget& target);
-    HRESULT ListAsTexts(const ListingOptions& options, LPCSTR browsePath, CStringArray& names);
-    void ListVariables(const ListingOptions& options, CStringArray& names);
-    bool IsListedAsText(const CSymbXMLItemDef& variable, const ListingOptions& options);
-    bool IsOfDerivedType(const CSymbXMLItemDef& variable);
-    // The topological address, or the text of a memory area; empty for most unlocated variables.
-    CString AddressOf(const CSymbXMLItemDef& variable) const;
-    HRESULT ListChildrenWithProperties(const ListingOptions& options, LPCSTR browsePath, CBrowseElementWriter& writer);
-    void ListVariablesWithProperties(const ListingOptions& options, CBrowseElementWriter& writer);
-    // The entry at which a listing begins or resumes; null when no listed variable has exactly that name.
-    const Variables::CPair* FirstToList(const ListingOptions& options, const CString& resumeAt) const;
-    static bool PassesRootFilters(const CSymbXMLItemDef& variable, const ListingOptions& options);
 
     void ClearDictionaries();
 

@@ -21,6 +21,7 @@ CMemberList::~CMemberList()
 
 void CMemberList::Add(std::unique_ptr<CSymbXMLDDTMember> member)
 {
+    typeNamesUpper = false;
     CString key = member->name;
     key.MakeUpper();
     const int position = members.Add(nullptr);

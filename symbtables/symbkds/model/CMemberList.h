@@ -26,6 +26,10 @@ public:
     // The member of that name in any case; null when there is none, and for an empty name.
     CSymbXMLDDTMember* Find(CString name) const;
 
+    // Whether the type names of all visible members are upper case because a listing has gone over them once.
+    bool AreTypeNamesUpper() const { return typeNamesUpper; }
+    void NoteTypeNamesUpper() { typeNamesUpper = true; }
+
     // Classifies every member's type anew.
     void UpdateTypes(MAPOFDDTDEF* types);
     // Destroys the members at the marked positions; later ones move down, their
@@ -37,4 +41,5 @@ private:
 
     CArray<CSymbXMLDDTMember*, CSymbXMLDDTMember*> members; // owned
     CMemberIndex index;                                     // upper-case name to position
+    bool typeNamesUpper = false;
 };

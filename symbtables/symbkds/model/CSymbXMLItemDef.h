@@ -24,6 +24,9 @@ public:
 
     // The type as shown to people: the declaration of an anonymous array, else the type name.
     const CString& GetDisplayTypeName() const { return declaredTypeText.IsEmpty() ? typeName : declaredTypeText; }
+    // Whether it has an address text, and whether that names a place in the controller's memory, such as %MW10.
+    bool IsLocated() const { return !topologicalAddress.IsEmpty(); }
+    bool HasMemoryAddress() const { return topologicalAddress.Find('%') >= 0; }
     // Whether the variable holds one value of an elementary type.
     bool IsElementaryScalar() const;
     // Whether it is a BOOL, EBOOL, INT, UINT or WORD: the types a plain name serves.

@@ -1,6 +1,7 @@
 #include "symbkds/model/MAPOFDDTDEF.h"
 
 #include "symbkds/model/CSymbXMLDDTDef.h"
+#include "symbkds/model/UpperCase.h"
 
 namespace {
 
@@ -43,6 +44,18 @@ bool MAPOFDDTDEF::IsDFBType(const CString& name)
 {
     CSymbXMLDDTDef* definition = nullptr;
     return FindTypeDef(name, definition) && definition->IsDFB();
+}
+
+const CSymbXMLDDTDef* MAPOFDDTDEF::FindRegistered(const CString& name) const
+{
+    const auto* pair = definitions.PLookup(CUpperName(name));
+    return pair ? pair->value : nullptr;
+}
+
+bool MAPOFDDTDEF::IsRegisteredDFB(const CString& name) const
+{
+    const CSymbXMLDDTDef* definition = FindRegistered(name);
+    return definition && definition->IsDFB();
 }
 
 void MAPOFDDTDEF::DropDisplaced()

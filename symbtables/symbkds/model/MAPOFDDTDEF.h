@@ -38,9 +38,12 @@ public:
     // is registered first, unless it has more than ten dimensions. False with a
     // null definition when there is none.
     bool FindTypeDef(const CString& name, CSymbXMLDDTDef*& definition);
-    // Whether a name is that of a derived type, and of a function block type.
+    // Whether a name is that of a derived type, and of a function block type; both register as FindTypeDef does.
     bool IsDerivedType(const CString& name);
     bool IsDFBType(const CString& name);
+    // The same for what is registered already; nothing is added.
+    const CSymbXMLDDTDef* FindRegistered(const CString& name) const;
+    bool IsRegisteredDFB(const CString& name) const;
 
     // Grows with every registration: what was found out under one revision holds until the next.
     std::uint64_t GetRevision() const { return revision; }

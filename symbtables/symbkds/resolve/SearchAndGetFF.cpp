@@ -1,6 +1,5 @@
 // The lookup: from a symbol's name to its address.
 #include "platform/mfc/CSingleLock.h"
-#include "platform/mfc/Prefetch.h"
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/frame/Guard.h"
 #include "symbkds/model/CSymbXMLDDTDef.h"
@@ -29,13 +28,6 @@ AddressDescriptor DescribeVariable(const CSymbXMLItemDef& variable)
     descriptor.bit = AddressDescriptor::kNoBit;
     descriptor.reserved40 = 1;
     return descriptor;
-}
-
-// The texts lie apart from the variable: asked for together they take about as long as one of them.
-void PrefetchTexts(const CSymbXMLItemDef& variable)
-{
-    for (const CString* text : {&variable.topologicalAddress, &variable.comment, &variable.customerString})
-        Prefetch(static_cast<LPCSTR>(*text));
 }
 
 void SetBit(AddressDescriptor& descriptor, std::uint8_t bit)
@@ -112,11 +104,10 @@ HRESULT CSymbXml::ResolvePlainName(const CSymbKorvaAnalyser& path, const CString
         SendTrace(messages::kNameNotFound, {sourcePath, nameAsAsked});
         return kLookupFailed;
     }
-    if (variable->topologicalAddress.IsEmpty() || !variable->IsElementaryScalar() || !variable->IsBitOrWordType()) {
+    if (!variable->IsLocated() || !variable->IsElementaryScalar() || !variable->IsBitOrWordType()) {
         SendTrace(messages::kNotAnimable, {sourcePath});
         return kLookupFailed;
     }
-    PrefetchTexts(*variable);
     AddressDescriptor& descriptor = symbol.descriptor;
     descriptor = DescribeVariable(*variable);
     descriptor.accessRight = variable->accessRights;

@@ -1,0 +1,86 @@
+#include "symbkds/browse/CVariableListing.h"
+
+#include "platform/win32/Clock.h"
+#include "symbkds/browse/CBrowseElementWriter.h"
+#include "symbkds/browse/EntryText.h"
+#include "symbkds/browse/Selection.h"
+#include "symbkds/model/CSymbXMLDDTDef.h"
+#include "symbkds/model/UpperCase.h"
+
+void CVariableListing::AsTexts(CStringArray& names) const
+{
+    const Selection selected(options, {.branchesOnRequest = false});
+    const CSymbXml::Variables& variables = table.GetVariables();
+    CListingPage page;
+    for (const auto* pair = variables.PGetFirstAssoc(); pair && !page.IsFull(); pair = variables.PGetNextAssoc(pair)) {
+        Sleep(0); // other threads of the host go on during a long listing
+        const CSymbXMLItemDef& variable = *pair->value;
+        if (!MayBeText(variable))
+            continue;
+        // Only what a plain name serves is a leaf here.
+        const bool leaf = variable.IsElementaryScalar() && variable.IsBitOrWordType();
+        const bool wanted = (selected.leaves && leaf && !table.GetTypes().IsRegisteredDFB(variable.typeName)) ||
+                            (selected.branches && IsBranch(variable));
+        const CString address = wanted ? AddressOf(variable) : CString();
+        if (address.IsEmpty())
+            continue;
+        const CString entry = MakeEntryText(variable.name, options.fieldCodes, variable.comment, address);
+        if (page.Take(entry))
+            names.Add(entry);
+    }
+}
+
+void CVariableListing::AsRecords(CBrowseElementWriter& writer) const
+{
+    const Selection selected(options, {});
+    const CSymbXml::Variables& variables = table.GetVariables();
+    for (const auto* pair = FirstRecord(writer.GetResumeAt()); pair; pair = variables.PGetNextAssoc(pair)) {
+        const CSymbXMLItemDef& variable = *pair->value;
+        if (!MayBeRecord(variable))
+            continue;
+        const bool branch = IsBranch(variable);
+        if ((branch ? selected.branches : selected.leaves) &&
+            writer.AddBrowseElement(variable.name, branch ? BrowseElement::kBranch : BrowseElement::kLeaf))
+            return;
+    }
+}
+
+// The variable with which the records begin or resume; null when no listed variable has exactly that name.
+const CSymbXml::Variables::CPair* CVariableListing::FirstRecord(const CString& resumeAt) const
+{
+    const CSymbXml::Variables& variables = table.GetVariables();
+    if (resumeAt.IsEmpty())
+        return variables.PGetFirstAssoc();
+    const auto* pair = variables.PLookup(CUpperName(resumeAt));
+    return pair && pair->value->name == resumeAt && MayBeRecord(*pair->value) ? pair : nullptr;
+}
+
+bool CVariableListing::MayBeText(const CSymbXMLItemDef& variable) const
+{
+    return options.AcceptsVarType(variable.varType) && !(options.unlocatedOnly && variable.HasMemoryAddress()) &&
+           options.AcceptsName(variable.name);
+}
+
+bool CVariableListing::MayBeRecord(const CSymbXMLItemDef& variable) const
+{
+    return options.AcceptsVarType(variable.varType) && !(options.unlocatedOnly && variable.IsLocated()) &&
+           options.AcceptsName(variable.name);
+}
+
+bool CVariableListing::IsBranch(const CSymbXMLItemDef& variable) const
+{
+    if (variable.IsElementaryScalar())
+        return false;
+    // A declared text tells that the import found the type; from then on it stays known.
+    return !variable.declaredTypeText.IsEmpty() || table.GetTypes().FindRegistered(variable.typeName);
+}
+
+CString CVariableListing::AddressOf(const CSymbXMLItemDef& variable) const
+{
+    if (variable.IsLocated())
+        return variable.topologicalAddress;
+    CString address;
+    table.FormatMemoryAddress(AddressDescriptor::kDirect, variable.block, variable.offset, variable.extractBit,
+                              static_cast<std::int32_t>(variable.size), variable.typeCode, address);
+    return address;
+}
