@@ -54,12 +54,28 @@ public:
         BeginVariable(GeneratedNames::kLongArray,
                       "ARRAY[0.." + std::to_string(GeneratedNames::kLongArrayElements - 1) + "] OF INT", 0);
         EndVariable(0, 2 * GeneratedNames::kLongArrayElements);
+        End();
+    }
+
+    void WriteWide()
+    {
+        file << "<LocatedSymbolTable>\n  <DDTSource DDTName=\"Wide\"><structure>\n";
+        for (int number = 0; number < GeneratedNames::kWideMembers; ++number)
+            WriteMember(GeneratedNames::Member(number), number % 2 == 0 ? "Int" : "Real", 4 * number, 4);
+        file << "  </structure></DDTSource>\n  <dataBlock>\n";
+        BeginVariable(GeneratedNames::kWide, "Wide", 0);
+        EndVariable(0, 4 * GeneratedNames::kWideMembers);
+        End();
+    }
+
+private:
+    void End()
+    {
         file << "  </dataBlock>\n</LocatedSymbolTable>\n";
         if (!file.flush())
             throw std::runtime_error("cannot write the project");
     }
 
-private:
     template <class Choices>
     std::string_view Any(const Choices& choices)
     {
@@ -140,6 +156,11 @@ std::string GeneratedNames::Variable(int number)
     return std::string(area) + "_Item" + std::to_string(number) + "_Value";
 }
 
+std::string GeneratedNames::Member(int number)
+{
+    return "Member" + std::to_string(number);
+}
+
 bool GeneratedNames::IsPlain(int number)
 {
     return number % kKinds < kPlainKinds;
@@ -153,4 +174,9 @@ bool GeneratedNames::IsStructure(int number)
 void WriteProject(const std::string& path, int variables, unsigned seed)
 {
     CProjectWriter(path, variables, seed).Write();
+}
+
+void WriteWideProject(const std::string& path, unsigned seed)
+{
+    CProjectWriter(path, 0, seed).WriteWide();
 }

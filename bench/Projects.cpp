@@ -25,6 +25,21 @@ NewSymbFunction LoadPlugin()
     return reinterpret_cast<NewSymbFunction>(GetProcAddress(module, kNewSymbExport));
 }
 
+std::string NewPath(const std::string& name)
+{
+    const auto folder = std::filesystem::temp_directory_path() / "symbkds-bench";
+    std::filesystem::create_directories(folder);
+    return (folder / (name + ".kds")).string();
+}
+
+CSymb* Load(const std::string& path)
+{
+    CSymb* table = NewSymbolTable();
+    if (table->Init(path.c_str(), nullptr, FALSE, nullptr, 0) != 0)
+        throw std::runtime_error("cannot load the project");
+    return table;
+}
+
 } // namespace
 
 const std::string& ProjectPath(int variables)
@@ -32,9 +47,7 @@ const std::string& ProjectPath(int variables)
     static std::map<int, std::string> paths;
     std::string& path = paths[variables];
     if (path.empty()) {
-        const auto folder = std::filesystem::temp_directory_path() / "symbkds-bench";
-        std::filesystem::create_directories(folder);
-        path = (folder / ("plant" + std::to_string(variables) + ".kds")).string();
+        path = NewPath("plant" + std::to_string(variables));
         WriteProject(path, variables, kSeed);
     }
     return path;
@@ -53,10 +66,17 @@ CSymb& LoadedProject(int variables)
 {
     static std::map<int, CSymb*> tables;
     CSymb*& table = tables[variables];
-    if (!table) {
-        table = NewSymbolTable();
-        if (table->Init(ProjectPath(variables).c_str(), nullptr, FALSE, nullptr, 0) != 0)
-            throw std::runtime_error("cannot load the project");
-    }
+    if (!table)
+        table = Load(ProjectPath(variables));
+    return *table;
+}
+
+CSymb& LoadedWideProject()
+{
+    static CSymb* const table = [] {
+        const std::string path = NewPath("wide");
+        WriteWideProject(path, kSeed);
+        return Load(path);
+    }();
     return *table;
 }

@@ -31,6 +31,7 @@ constexpr Target kTargets[] = {
     {"array listing as records beside its floor, 100,000", "ArrayListing/100000 records_ratio", nullptr, 1.5},
     {"root in pages of 100 beside unpaged, 100,000", "RootListing/100000 paged_ratio", nullptr, 1.2},
     {"array in pages of 100 beside unpaged, 100,000", "ArrayListing/100000 paged_ratio", nullptr, 1.2},
+    {"members in pages of 100 beside unpaged, 40,000", "MemberListing/40000 paged_ratio", nullptr, 10.0},
 };
 
 } // namespace

@@ -27,7 +27,7 @@ std::u16string Widen(const std::string& ascii)
     return {ascii.begin(), ascii.end()};
 }
 
-// What is listed: the root of a project, or the elements of its long array.
+// What is listed: the root of a project, the elements of its long array, or the members of a wide structure.
 struct Listed
 {
     CSymb& table;
@@ -49,6 +49,14 @@ Listed LongArray()
     Listed listed{LoadedProject(1'000), GeneratedNames::kLongArray, {}};
     for (int index = 0; index < GeneratedNames::kLongArrayElements; ++index)
         listed.all.push_back(std::string(GeneratedNames::kLongArray) + "[" + std::to_string(index) + "]");
+    return listed;
+}
+
+Listed WideStructure()
+{
+    Listed listed{LoadedWideProject(), GeneratedNames::kWide, {}};
+    for (int number = 0; number < GeneratedNames::kWideMembers; ++number)
+        listed.all.push_back(GeneratedNames::Member(number));
     return listed;
 }
 
@@ -230,9 +238,15 @@ void ArrayListing(benchmark::State& state)
     Compare(state, LongArray());
 }
 
+void MemberListing(benchmark::State& state)
+{
+    Compare(state, WideStructure());
+}
+
 BENCHMARK(RootListing)->Arg(1'000)->Arg(10'000)->Iterations(31)->Unit(benchmark::kMillisecond);
 BENCHMARK(RootListing)->Arg(100'000)->Iterations(15)->Unit(benchmark::kMillisecond);
 BENCHMARK(RootListing)->Arg(1'000'000)->Iterations(3)->Unit(benchmark::kMillisecond);
 BENCHMARK(ArrayListing)->Arg(100'000)->Iterations(15)->Unit(benchmark::kMillisecond);
+BENCHMARK(MemberListing)->Arg(GeneratedNames::kWideMembers)->Iterations(5)->Unit(benchmark::kMillisecond);
 
 } // namespace
