@@ -1,5 +1,6 @@
 #include "symbkds/browse/CVariableListing.h"
 
+#include "platform/mfc/CMapWalk.h"
 #include "platform/win32/Clock.h"
 #include "symbkds/browse/CBrowseElementWriter.h"
 #include "symbkds/browse/EntryText.h"
@@ -12,9 +13,10 @@ void CVariableListing::AsTexts(CStringArray& names) const
     const Selection selected(options, {.branchesOnRequest = false});
     const CSymbXml::Variables& variables = table.GetVariables();
     CListingPage page;
-    for (const auto* pair = variables.PGetFirstAssoc(); pair && !page.IsFull(); pair = variables.PGetNextAssoc(pair)) {
+    CMapWalk walk(variables, variables.PGetFirstAssoc(), &CSymbXMLItemDef::name);
+    while (const CSymbXMLItemDef* next = page.IsFull() ? nullptr : walk.Next()) {
         Sleep(0); // other threads of the host go on during a long listing
-        const CSymbXMLItemDef& variable = *pair->value;
+        const CSymbXMLItemDef& variable = *next;
         if (!MayBeText(variable))
             continue;
         // Only what a plain name serves is a leaf here.
@@ -33,9 +35,9 @@ void CVariableListing::AsTexts(CStringArray& names) const
 void CVariableListing::AsRecords(CBrowseElementWriter& writer) const
 {
     const Selection selected(options, {});
-    const CSymbXml::Variables& variables = table.GetVariables();
-    for (const auto* pair = FirstRecord(writer.GetResumeAt()); pair; pair = variables.PGetNextAssoc(pair)) {
-        const CSymbXMLItemDef& variable = *pair->value;
+    CMapWalk walk(table.GetVariables(), FirstRecord(writer.GetResumeAt()), &CSymbXMLItemDef::name);
+    while (const CSymbXMLItemDef* next = walk.Next()) {
+        const CSymbXMLItemDef& variable = *next;
         if (!MayBeRecord(variable))
             continue;
         const bool branch = IsBranch(variable);
