@@ -8,7 +8,7 @@
 #include "support/HostView.h"
 #include "support/RecordingSink.h"
 #include "support/UnitSink.h"
-#include "symbkds/dump/DumpLine.h"
+#include "symbkds/dump/CDumpLine.h"
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTStructDef.h"
 

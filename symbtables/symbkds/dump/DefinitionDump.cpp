@@ -1,5 +1,5 @@
 // The blocks that type definitions write into the dump.
-#include "symbkds/dump/DumpLine.h"
+#include "symbkds/dump/CDumpLine.h"
 #include "symbkds/model/CSymbXMLDDTArrayDef.h"
 #include "symbkds/model/CSymbXMLDDTMember.h"
 #include "symbkds/model/CSymbXMLDDTStructDef.h"

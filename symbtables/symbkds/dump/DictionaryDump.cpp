@@ -2,7 +2,7 @@
 #include "platform/mfc/CSingleLock.h"
 #include "platform/mfc/CStdioFile.h"
 #include "platform/win32/Clock.h"
-#include "symbkds/dump/DumpLine.h"
+#include "symbkds/dump/CDumpLine.h"
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTDef.h"
 
