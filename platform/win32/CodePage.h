@@ -23,4 +23,10 @@ PLATFORM_API int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR narrow, 
 PLATFORM_API int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR wide, int wideUnits, LPSTR narrow,
                                      int narrowBytes, LPCSTR defaultChar, BOOL* usedDefaultChar);
 
+// Whether a byte is the first half of a character of two bytes: UTF-8 has none of that kind.
+inline BOOL IsDBCSLeadByteEx(UINT, BYTE)
+{
+    return FALSE;
+}
+
 #endif

@@ -9,6 +9,7 @@
 #include "support/RecordingSink.h"
 #include "support/UnitSink.h"
 #include "symbkds/dump/CDumpLine.h"
+#include "symbkds/dump/DumpFileName.h"
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTStructDef.h"
 
@@ -45,6 +46,26 @@ std::string DumpName(std::string path)
     for (char separator : {':', '\\', kPathSeparator})
         std::replace(path.begin(), path.end(), separator, '_');
     return path + ".log";
+}
+
+// Folder, export, and the file; on Windows in code page 932, where 0x83 0x5C is one character.
+const char* const kFileNames[][3] = {
+#ifdef _WIN32
+    {"D:\\Dump", "E:\\\x83\\\\l\x83\\.kds", "D:\\Dump\\E__\x83\\_l\x83\\.kds.log"},
+    {"D:\\\x83\\", "a\x83", "D:\\\x83\\\\a\x83.log"},
+    {"D:\\\x83\\\\", "a/b", "D:\\\x83\\\\a/b.log"},
+    {"", "", "\\.log"},
+#else
+    {"/dump", "E:\\a/\xE3\x82\xBD.kds", "/dump/E__a_\xE3\x82\xBD.kds.log"},
+    {"/\\", "\x83\\", "/\\/\x83_.log"},
+    {"", "", "/.log"},
+#endif
+};
+
+TEST(DumpFile, IsNamedAfterTheExport)
+{
+    for (const auto& [folder, source, file] : kFileNames)
+        EXPECT_EQ(DumpFileName(folder, source, 932), file);
 }
 
 // The numbers that differ from load to load.

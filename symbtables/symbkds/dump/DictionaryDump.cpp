@@ -2,23 +2,13 @@
 #include "platform/mfc/CSingleLock.h"
 #include "platform/mfc/CStdioFile.h"
 #include "platform/win32/Clock.h"
+#include "platform/win32/CodePage.h"
 #include "symbkds/dump/CDumpLine.h"
+#include "symbkds/dump/DumpFileName.h"
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTDef.h"
 
 namespace {
-
-// The export's path as one file name inside the dump directory.
-CString DumpFileName(const CString& directory, const CString& sourcePath)
-{
-    CString flattened = sourcePath;
-    for (const char separator : {':', '\\', kPathSeparator})
-        flattened.Replace(separator, '_');
-    CString path = directory;
-    if (!path.View().ends_with(kPathSeparator))
-        path += kPathSeparator;
-    return path + flattened + ".log";
-}
 
 void DumpVariable(const CSymbXMLItemDef& variable, CDumpLine& line)
 {
@@ -38,7 +28,7 @@ bool CSymbXml::DumpDictionaries()
     const CSingleLock guard(&lock, TRUE);
     if (dumpDirectory.IsEmpty())
         return false;
-    const CString path = DumpFileName(dumpDirectory, sourcePath);
+    const CString path = DumpFileName(dumpDirectory, sourcePath, CP_ACP);
     CStdioFile file;
     if (!file.Create(path))
         return false;
