@@ -30,12 +30,14 @@ class CSymb
 public:
     // [lock] Loads the export file `path` (null counts as empty) and adds its
     // types and variables to the dictionaries; meant to be called once. `sink`
-    // may be null. With `verboseFlag` 0 the lookup's messages are not sent. After
-    // the load the dictionaries are written into the folder `dumpDir`; null or
-    // empty: no dump. `unused` is not read.
+    // may be null. With `verboseFlag` 0 the lookup's messages are not sent, nor
+    // the one that says that the component cannot be walked. After the load the
+    // dictionaries are written into the folder `dumpDir`; null or empty: no
+    // dump. A dump that cannot be created is not reported. `unused` is not read.
     // Returns -1 when the export could not be opened, else 0, also when an
-    // exception broke off the opening or an import, with a message. Passes CMemoryException on only
-    // when the arguments cannot be stored; later exceptions end in a message.
+    // exception broke off the opening or an import: that is told by a message
+    // alone. Passes CMemoryException on when the arguments cannot be stored,
+    // and whatever the sink throws; other exceptions end in a message.
     virtual LONG Init(LPCSTR path, CTraceSink* sink, BOOL verboseFlag, LPCSTR dumpDir, LONG unused) = 0;
 
     // The type code of this kind of symbol table.
@@ -55,8 +57,8 @@ public:
     //
     // S_OK: `address` holds the address text such as %MW10.5 (or nothing) and
     // `comment` the comment, UTF-8; `*descriptor` is released by the host with
-    // free, `*properties` (an array of `*propertyCount` = 6 or 7 entries in the order block, offset, size, type,
-    // kind, customer string, address) with delete[].
+    // free, `*properties` with delete[]. That is an array of `*propertyCount`
+    // entries, 6 or 7: block, offset, size, type, kind, customer string, address.
     // E_INVALIDARG: `selector` above 1 or a null pointer (nothing is written),
     // or the path below a variable leads nowhere. kLookupFailed: any other
     // failure. After a failure `*descriptor` and `*properties` are null and
@@ -72,17 +74,20 @@ public:
     //
     // filter         not null; with "%UL" in it only what has no "%" address is listed
     // namePattern    not null; "*" or a case-sensitive prefix, ended by the first "*" if there is one
-    // varTypeFilter  0, or the variant type that a leaf must have (and a member of a structure
-    //                that is a branch, when both are listed)
+    // varTypeFilter  0, or the variant type that a leaf must have (and a branch
+    //                that is a member of a structure, when both are listed)
     // branchesOnly   only entries of a derived type
     // wantLeaves, wantBranches  which entries to list otherwise
     // fieldCount, fieldCodes    for each code "|" and a text are added to the
     //                entry: 'A' the address, 'C' the comment, else nothing
     // reserved1, reserved2, extra  not used
     //
-    // E_INVALIDARG: `filter`, `namePattern` or `names` null, `fieldCodes` null with
-    // a `fieldCount` above 0, or `browsePath` does not lead to a value of a derived type. An
-    // exception ends the listing early with S_OK; entries stay.
+    // A listing considers at most 1,048,576 elements of an array and ends when
+    // its texts grow beyond 128 MiB together.
+    //
+    // E_INVALIDARG: `filter`, `namePattern` or `names` null, `fieldCodes` null
+    // with a `fieldCount` above 0, or `browsePath` does not lead to a value of a
+    // derived type. An exception ends the listing early with S_OK; entries stay.
     virtual HRESULT BrowseSymbols(LPCSTR filter, LPCSTR namePattern, VARTYPE varTypeFilter, LPCSTR browsePath,
                                   DWORD reserved1, DWORD reserved2, BOOL branchesOnly, BOOL wantLeaves,
                                   BOOL wantBranches, LONG fieldCount, const char* fieldCodes, CStringArray* names,
@@ -91,13 +96,15 @@ public:
     // [lock] Lists symbols as records with item identifiers, page by page.
     //
     // The arguments up to `fieldCodes` are those of BrowseSymbols, but `filter`
-    // and `namePattern` may be null (empty), and "%UL" selects the variables with an empty address.
+    // and `namePattern` may be null (empty), and "%UL" selects the variables
+    // with an empty address.
     //
     // parentId           the host's identifier of `browsePath`; may be null
     // continuationPoint  in: a null or empty text to start at the first entry,
     //                    else the name of the entry to resume at; out, when the
-    //                    listing is cut: a new text (CoTaskMemAlloc) with the name of the first entry that
-    //                    did not fit. The text passed in is not freed. May be null itself.
+    //                    listing is cut: a new text (CoTaskMemAlloc) with the
+    //                    name of the first entry that did not fit. The text
+    //                    passed in is not freed. May be null itself.
     // maxElements        0: no limit, the array is grown with CoTaskMemRealloc; otherwise at
     //                    most this many elements in all, which `*elements` must have room for
     // moreElements       out: 1 when the listing is cut, else left alone
@@ -105,10 +112,10 @@ public:
     // elements, elementCapacity  in and out: the array and its capacity in elements
     //
     // E_INVALIDARG: one of the last four null, `fieldCodes` null with a
-    // `fieldCount` above 0, a null array with a limit or an element count,
-    // or `browsePath` does not lead to a value of a derived type. E_OUTOFMEMORY: the task
-    // allocator failed; the array is valid and `*elementCount` counts complete
-    // elements. Passes CMemoryException on, with the array valid as well.
+    // `fieldCount` above 0, a null array with a limit or an element count, or
+    // `browsePath` does not lead to a value of a derived type. E_OUTOFMEMORY:
+    // the task allocator failed; the array is valid and `*elementCount` counts
+    // complete elements. Passes CMemoryException on, with the array valid too.
     virtual HRESULT BrowseSymbolsWithProperties(LPCSTR filter, LPCSTR namePattern, VARTYPE varTypeFilter,
                                                 LPCSTR browsePath, DWORD reserved1, DWORD reserved2, BOOL branchesOnly,
                                                 BOOL wantLeaves, BOOL wantBranches, LONG fieldCount,
@@ -117,7 +124,8 @@ public:
                                                 DWORD* elementCount, BrowseElement** elements, DWORD* elementCapacity,
                                                 CStringArray* extra) = 0;
 
-    // [lock] "Unknwow" once Init has returned 0, empty before.
+    // [lock] "Unknwow" once an Init has got beyond opening the export, also
+    // when an exception broke the opening off; empty before.
     virtual CString GetHeaderName() = 0;
     // Empty texts.
     virtual CString GetInfoTextA() = 0;
@@ -131,12 +139,12 @@ public:
     virtual HRESULT ReOpenDatabase(void** out) = 0;
     // Stores 0; E_INVALIDARG for null.
     virtual HRESULT GetCountValue(DWORD* value) = 0;
-    // 0.
+    // How often the dictionaries were replaced: never, so 0.
     virtual LONG GetGeneration() = 0;
     // Not provided: E_NOTIMPL.
     virtual HRESULT ReservedE(LONG) = 0;
     virtual HRESULT ReservedF(LONG) = 0;
-    // 5.
+    // How the dictionaries compare with the controller: 5, not compared.
     virtual LONG GetConsistencyState();
     // [lock] Whether the lookup's messages are sent.
     virtual void SetVerbose(BOOL flag);
