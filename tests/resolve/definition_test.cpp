@@ -1,73 +1,15 @@
-// What the definitions do that no export can ask of them through a lookup.
+// What no export can bring about: parameters passed by reference, memory areas, an identified project.
 #include "support/ExportBuilder.h"
-#include "support/HostView.h"
+#include "support/InProcessTable.h"
 #include "support/Split.h"
-#include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTMember.h"
+#include "symbkds/model/CSymbXMLDDTStructDef.h"
 #include "symbkds/model/CSymbXMLDFBDef.h"
 #include "symbkds/resolve/CSymbKorvaAnalyser.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 namespace {
-
-// A symbol table of this program, whose definitions a test can change.
-struct CInProcessTable
-{
-    explicit CInProcessTable(std::string_view exportText)
-    {
-        CComScope com;
-        EXPECT_EQ(symb.Init(WriteExport(folder, exportText).c_str(), nullptr, FALSE, nullptr, 0), 0);
-    }
-
-    // The definition of a type; null when there is none.
-    CSymbXMLDDTDef* Definition(const char* name)
-    {
-        CSymbXMLDDTDef* definition = nullptr;
-        symb.GetTypes().FindTypeDef(name, definition);
-        return definition;
-    }
-
-    // Of parameters; the imports do not set it.
-    void SetIndirection(const char* block, const char* parameters, std::uint16_t kind)
-    {
-        for (const std::string& parameter : Split(parameters))
-            static_cast<CSymbXMLDFBDef*>(Definition(block))->members.Find(parameter.c_str())->indirectionKind = kind;
-    }
-
-    // As a host's view of the lookup shows it, without the texts of the properties.
-    std::string Lookup(const char* name)
-    {
-        CString address, comment;
-        AddressDescriptor* record = nullptr;
-        PropertyEntry* properties = nullptr;
-        DWORD count = 0;
-        HostSymbol symbol;
-        symbol.result = symb.SearchAndGetFF(0, name, address, comment, &record, &count, &properties);
-        if (symbol.result != S_OK)
-            return symbol.Text();
-        symbol.typeName = TypeCodeName(record->typeCode);
-        symbol.typeCode = record->typeCode;
-        symbol.extraction = record->extraction;
-        symbol.indirection = record->indirection;
-        symbol.block = record->block;
-        symbol.offset = record->offset;
-        symbol.size = record->size;
-        symbol.bit = record->bit;
-        symbol.relativeOffset = record->relativeOffset;
-        symbol.relativeSize = record->relativeSize;
-        symbol.accessRight = record->accessRight;
-        symbol.address = address.View();
-        std::free(record);
-        delete[] properties;
-        return symbol.Text();
-    }
-
-    CTemporaryFolder folder;
-    CSymbXml symb;
-};
 
 const char kPlant[] = "TYPE Sub STRUCT X INT @2 size 2 Y REAL @4 size 4 block 3 END\n"
                       "DFB Inner IN A INT @6 size 2 S Sub @8 size 8 block 65535 END\n"
@@ -76,34 +18,49 @@ const char kPlant[] = "TYPE Sub STRUCT X INT @2 size 2 Y REAL @4 size 4 block 3 
                       "TYPE Holder STRUCT O Outer @1000 size 100 block 1 N Nowhere V INT @4 size 2 END\n"
                       "VAR O Outer block 7 @100 size 100 VAR H Holder";
 
+struct CLoadedTable : CInProcessTable
+{
+    CLoadedTable() { EXPECT_EQ(table.Load(WriteExport(folder, kPlant)), 0); }
+
+    // Of every parameter; the imports do not set it.
+    void SetIndirection(const char* block, const char* parameters, std::uint16_t kind)
+    {
+        for (const std::string& parameter : Split(parameters))
+            static_cast<CSymbXMLDFBDef*>(Definition(block))->members.Find(parameter.c_str())->indirectionKind = kind;
+    }
+
+    CTemporaryFolder folder;
+};
+
 struct IndirectionCase
 {
     std::uint16_t outerKind; // of every parameter of Outer
     std::uint16_t innerKind; // of every parameter of Inner
     const char* name;
-    const char* text; // by type code
+    const char* text;
 };
 
 const IndirectionCase kIndirections[] = {
-    {0, 0, "O.A", "DINT +140 size 4 block 7"},
-    {1, 0, "O.A", "DINT +140 size 4 block 7"},
-    {2, 0, "O.A", "DINT +140 size 4 block 7 by reference relative +0/4 access 1"},
-    {2, 0, "O.W.3", "BOOL +190 size 2 block 7 bit 3 by reference relative +0/2 access 1"},
-    {2, 0, "O.S", "structured +148 size 8 block 7 by reference relative +0/8 access 1"},
-    {3, 0, "O.S", "structured +148 size 8 block 7"},
+    {0, 0, "O.A", "DINT +140 size 4 block 7 'speed'"},
+    {1, 0, "O.A", "DINT +140 size 4 block 7 'speed'"},
+    {2, 0, "O.A", "DINT +140 size 4 block 7 by reference relative +0/4 access 1 'speed'"},
+    {2, 0, "O.W.3", "WORD as BOOL +190 size 2 block 7 bit 3 by reference relative +0/2 access 1"},
+    {2, 0, "O.S", "SUB as structured +148 size 8 block 7 by reference relative +0/8 access 1"},
+    {3, 0, "O.S", "SUB as structured +148 size 8 block 7"},
     // Below a parameter passed by value the path stays located, below any other it is relative.
     {0, 0, "O.S.Y", "REAL +148 size 4 block 7 relative +4/4"},
     {1, 0, "O.S.Y", "REAL +152 size 4 block 7"},
     {2, 0, "O.S.Y", "REAL +148 size 4 block 7 by reference relative +4/4 access 1"},
     {1, 0, "O.T[1].X", "INT +170 size 2 block 7"},
     {2, 0, "O.T[1].X", "INT +160 size 2 block 7 by reference relative +10/2 access 1"},
-    {1, 0, "O.M[2]", "INT[] +184 size 4 block 7"},
-    {2, 0, "O.M[2]", "INT[] +180 size 4 block 7 by reference relative +4/4 access 1"},
+    // An address of the word area is for what lies at it, not for a reference.
+    {1, 0, "O.M[2]", "ARRAY[0..1] OF INT as INT[] +184 size 4 block 7 at %MD45"},
+    {2, 0, "O.M[2]", "ARRAY[0..1] OF INT as INT[] +180 size 4 block 7 by reference relative +4/4 access 1"},
     // The innermost function block on the path decides over the reference.
     {0, 0, "O.I.A", "E_INVALIDARG, silent"},
     {1, 0, "O.I.A", "INT +116 size 2 block 7"},
     {2, 0, "O.I.A", "E_INVALIDARG, silent"},
-    {1, 0, "O.I.S", "structured +118 size 8 block 7"},
+    {1, 0, "O.I.S", "SUB as structured +118 size 8 block 7"},
     {1, 2, "O.I.A", "INT +116 size 2 block 7 by reference relative +0/2 access 1"},
     {2, 0, "O.I.S", "E_INVALIDARG, silent"},
     {2, 0, "O.I.S.Y", "REAL +110 size 4 block 7 relative +12/4"},
@@ -114,17 +71,29 @@ const IndirectionCase kIndirections[] = {
 
 TEST(Definition, PassesParametersByValueOrReference)
 {
-    CInProcessTable table(kPlant);
+    CLoadedTable plant;
+    plant.WordArea() = {.count = 1000, .firstIndex = 3, .block = 7, .baseOffset = 100};
     for (const IndirectionCase& row : kIndirections) {
-        table.SetIndirection("Outer", "I|A|S|T|M|W", row.outerKind);
-        table.SetIndirection("Inner", "A|S", row.innerKind);
-        EXPECT_EQ(table.Lookup(row.name), row.text) << row.name << " kinds " << row.outerKind << row.innerKind;
+        plant.SetIndirection("Outer", "I|A|S|T|M|W", row.outerKind);
+        plant.SetIndirection("Inner", "A|S", row.innerKind);
+        EXPECT_EQ(plant.table.Lookup(row.name), row.text) << row.name << " kinds " << row.outerKind << row.innerKind;
     }
+    // Listings say the same of parameters and members.
+    static_cast<CSymbXMLDDTStructDef*>(plant.Definition("Sub"))->members.Find("X")->indirectionKind = 2;
+    plant.WordArea().block = 11; // S lies in another block than O
+    const auto fields = [&](const char* path) { return plant.table.Browse({.path = path, .fields = "A"}); };
+    EXPECT_EQ(fields("O.S"), "X|U-INT (B:11 - O:150) , Y|U-REAL (B:14 - O:152) ");
+    plant.WordArea().block = 14;
+    EXPECT_EQ(fields("O.S"), "X|U-INT (B:11 - O:150) , Y|U-REAL (B:14 - O:152) %MD29");
+    plant.WordArea().block = 7;
+    plant.SetIndirection("Outer", "A", 1);
+    EXPECT_EQ(plant.table.Browse({.path = "O", .pattern = "A", .fields = "A"}), "A|%MD23");
+    EXPECT_EQ(plant.table.Browse({.path = "O", .pattern = "W", .fields = "A"}), "W|U-WORD (B:7 - O:190) ");
 }
 
 TEST(Definition, WritesTheTextsOfAValue)
 {
-    CInProcessTable table(kPlant);
+    CLoadedTable plant;
     const struct
     {
         const char* path;
@@ -141,10 +110,101 @@ TEST(Definition, WritesTheTextsOfAValue)
         AddressDescriptor descriptor{};
         descriptor.block = 7;
         descriptor.offset = 100;
-        EXPECT_TRUE(table.Definition("Outer")->ResolvePath(&table.symb.GetTypes(), path, 1, true, descriptor, typeName,
+        EXPECT_TRUE(plant.Definition("Outer")->ResolvePath(&plant.symb.GetTypes(), path, 1, true, descriptor, typeName,
                                                            comment, address));
         EXPECT_EQ(address.View(), row.address) << row.path;
         EXPECT_EQ(comment.View(), row.comment) << row.path;
+    }
+    plant.IdentificationWord(2) = plant.IdentificationWord(5) = 100;
+    plant.IdentificationWord(3) = 0xFFFFFFFF;
+    plant.IdentificationWord(4) = 8;
+    EXPECT_EQ(plant.table.Resolve("O.A").deviation, " byte 64 of the descriptor is 7"); // the sum of words 4 and 5
+}
+
+constexpr std::uint32_t kBool = 0x02290148, kByte = 0x01290148;
+
+struct AddressCase
+{
+    std::uint16_t block;
+    std::uint32_t offset;
+    std::uint8_t bit;
+    std::int32_t size;
+    const char* text;
+    std::uint32_t typeCode = kBool;
+    std::int32_t indirection = 1;
+};
+
+struct AreaCase
+{
+    MemoryArea words, bits;
+    std::vector<AddressCase> rows;
+};
+
+const AreaCase kAreas[] = {
+    // Objects of words 10 to 100 from byte 20 of block 5 on, bits 4 to 29 from byte 8 of block 6 on.
+    {{100, 10, 5, 20},
+     {30, 4, 6, 8},
+     {{5, 19, 255, 2, ""},
+      {5, 20, 255, 2, "%MW10"},
+      {5, 21, 255, 2, "%MW10"},
+      {5, 22, 255, 4, "%MD11"},
+      {5, 44, 255, 8, ""},
+      {5, 44, 3, 2, "%MW22.3"},
+      {5, 45, 3, 4, "%MW22.11"},
+      {5, 45, 7, 1, "%MW22.15"},
+      {5, 45, 8, 2, ""},
+      {5, 44, 8, 2, "%MW22.8"},
+      {5, 44, 254, 2, "%MW22.254"},
+      {5, 44, 255, 1, "%MW22.0"},
+      {5, 45, 255, 1, "%MW22.8"},
+      {5, 44, 255, 1, "", kByte},
+      {5, 45, 0, 1, "%MW22.8", kByte},
+      {5, 200, 255, 2, "%MW100"},
+      {5, 202, 255, 2, ""},
+      {4, 44, 255, 2, ""},
+      {6, 7, 255, 1, ""},
+      {6, 8, 255, 1, "%M4"},
+      {6, 33, 2, 7, "%M29", kByte},
+      {6, 34, 255, 1, ""},
+      {5, 44, 255, 2, "", kBool, 2},
+      {5, 44, 255, 2, "", kBool, 3},
+      {6, 8, 255, 1, "", kBool, 2},
+      {5, 44, 255, 2, "%MW22", kBool, 0},
+      {5, 44, 255, 2, "%MW22", kBool, -1}}},
+    // Both areas end by the number of words; what the word area holds is none of the bit area's.
+    {{100, 0, 5, 0},
+     {900, 0, 5, 0},
+     {{5, 24, 255, 2, "%MW12"},
+      {5, 25, 3, 2, "%MW12.11"},
+      {5, 24, 255, 4, "%MD12"},
+      {5, 25, 255, 1, "%MW12.8"},
+      {5, 200, 255, 2, "%MW100"},
+      {5, 201, 255, 2, ""},
+      {5, 202, 255, 2, ""},
+      {5, 24, 255, 8, ""}}},
+    {{100, 0, 5, 0},
+     {900, 0, 5, 10},
+     {{5, 200, 255, 8, ""}, {5, 201, 255, 8, "%M191"}, {5, 210, 255, 8, "%M200"}, {5, 211, 255, 8, ""}}},
+    // Ends wrap around at 32 bits.
+    {{100, 0, 5, 0xFFFFFFF0}, {}, {{5, 0xFFFFFFF2, 255, 2, ""}}},
+    {{0x80000001, 0, 5, 0},
+     {9, 0, 6, 0},
+     {{5, 2, 255, 2, "%MW1"}, {5, 4, 255, 2, ""}, {6, 2, 255, 1, "%M2"}, {6, 3, 255, 1, ""}}},
+};
+
+TEST(MemoryAreas, GiveWhatLiesInThemAnAddress)
+{
+    for (const AreaCase& area : kAreas) {
+        CInProcessTable table;
+        table.WordArea() = area.words;
+        table.BitArea() = area.bits;
+        for (const AddressCase& row : area.rows) {
+            CString text("before");
+            table.symb.FormatMemoryAddress(row.indirection, row.block, row.offset, row.bit, row.size, row.typeCode,
+                                           text);
+            EXPECT_EQ(text, row.text) << "area " << &area - kAreas << ", " << row.block << ":" << row.offset << " bit "
+                                      << int{row.bit} << " size " << row.size;
+        }
     }
 }
 

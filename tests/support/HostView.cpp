@@ -126,7 +126,8 @@ CHostTable::CHostTable(CRecordingSink& recordingSink) : CHostTable()
 
 CHostTable::~CHostTable()
 {
-    LoadHostLibrary().deleteSymb(symb);
+    if (owned)
+        LoadHostLibrary().deleteSymb(symb);
 }
 
 LONG CHostTable::Load(const std::string& path, BOOL verbose, const std::string& dumpDir)

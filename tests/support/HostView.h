@@ -167,6 +167,8 @@ class CHostTable
 public:
     CHostTable();
     explicit CHostTable(CRecordingSink& sink);
+    // A table that lives elsewhere and outlives this one.
+    CHostTable(CRecordingSink& recordingSink, CHostSymb& other) : symb(&other), sink(&recordingSink), owned(false) {}
     CHostTable(const CHostTable&) = delete;
     CHostTable& operator=(const CHostTable&) = delete;
     ~CHostTable();
@@ -194,6 +196,7 @@ public:
 private:
     CHostSymb* symb = nullptr;
     CRecordingSink* sink = nullptr;
+    bool owned = true;
     std::string sourcePath;
 };
 
