@@ -38,21 +38,26 @@ TEST(BrowseArguments, OfATextListing)
 TEST(BrowseArguments, OfAPropertyListing)
 {
     CLoadedExport plant(kPlant);
-    const auto withNull = [&](const std::function<void(CPropertyCall&)>& change, DWORD limit) {
-        CPropertyCall call(limit);
-        change(call);
-        std::string result = ResultName(call.Run(plant.table));
-        EXPECT_EQ(call.out.count, 0U);
-        EXPECT_EQ(call.moreValue, 7U);
-        EXPECT_EQ(call.pointValue, nullptr);
-        EXPECT_EQ(call.out.capacity, limit);
-        return result;
+    void* noArray = nullptr;
+    DWORD held = 0; // elements of that array
+    const std::function<void(CPropertyCall&)> changes[] = {
+        [](CPropertyCall& call) { call.more = nullptr; },
+        [](CPropertyCall& call) { call.count = nullptr; },
+        [](CPropertyCall& call) { call.elements = nullptr; },
+        [](CPropertyCall& call) { call.capacity = nullptr; },
+        [&](CPropertyCall& call) { call.elements = &noArray, call.count = &held; },
     };
     for (DWORD limit : {0U, 2U}) {
-        EXPECT_EQ(withNull([](CPropertyCall& call) { call.more = nullptr; }, limit), "E_INVALIDARG");
-        EXPECT_EQ(withNull([](CPropertyCall& call) { call.count = nullptr; }, limit), "E_INVALIDARG");
-        EXPECT_EQ(withNull([](CPropertyCall& call) { call.elements = nullptr; }, limit), "E_INVALIDARG");
-        EXPECT_EQ(withNull([](CPropertyCall& call) { call.capacity = nullptr; }, limit), "E_INVALIDARG");
+        held = limit == 0 ? 1 : 0; // there is no room for either
+        for (const auto& change : changes) {
+            CPropertyCall call(limit);
+            change(call);
+            EXPECT_EQ(ResultName(call.Run(plant.table)), "E_INVALIDARG") << &change - changes << " limit " << limit;
+            EXPECT_EQ(call.out.count, 0U);
+            EXPECT_EQ(call.moreValue, 7U);
+            EXPECT_EQ(call.pointValue, nullptr);
+            EXPECT_EQ(call.out.capacity, limit);
+        }
     }
     EXPECT_EQ(plant.Elements({.path = "NOTHING"}), "E_INVALIDARG");
     EXPECT_EQ(plant.Elements({.path = nullptr, .pattern = nullptr, .filter = nullptr}),

@@ -18,9 +18,10 @@ struct VariableCase
     Fault fault;
     const char* lookup; // of A
     const char* listing = "A=!A, B=!B";
+    const char* bit = "INT as BOOL +0 size 2 bit 3 at %MW8"; // the lookup of B
 };
 
-const char kVariables[] = "VAR A INT AT %MW7 block 5 @20 size 2 access 1 customer plant 'pump' VAR B INT";
+const char kVariables[] = "VAR A INT AT %MW7 block 5 @20 size 2 access 1 customer plant 'pump' VAR B INT AT %MW8 bit 3";
 #define TEXTS " at %MW7 'pump' customer \"plant\""
 const char kWhole[] = "INT +20 size 2 block 5 access 1" TEXTS;
 const char kNoAccess[] = "INT +20 size 2 block 5" TEXTS;
@@ -43,6 +44,10 @@ const VariableCase kVariableCases[] = {
      "INT +20 size 2 block 5 access 1 at %MW7 'pump'"},
     {"Next", 5, Fault::ResultAndValue(S_FALSE), "INT +20 size 2 block 5 access 1 at %MW7 'pump'"},
     {"Next", 1, Fault::ResultAndValue(S_FALSE), kWhole}, // of the block: the element counts
+    {"Next", 10, Fault::ResultAndValue(S_FALSE), kWhole},
+    {"SelectChildren attribute name ExtractBit", 2, Fault::Result(S_FALSE), kWhole, "A=!A, B=!B",
+     "INT +0 size 0 at %MW8"},
+    {"GetAttribute value", 6, Fault::Result(E_FAIL), kWhole, "A=!A, B=!B", "INT as BOOL +0 size 2 bit 0 at %MW8"},
     // The access right is 3 whenever its look-up fails, whichever call it was.
     {"SelectChildren attribute name RequestAccessRight", 1, Fault::Result(E_FAIL), kNoAccess},
     {"SelectChildren attribute name RequestAccessRight", 1, Fault::Result(S_FALSE), kNoAccess},
@@ -63,6 +68,7 @@ TEST(AbsentValue, OfAVariableLeavesTheRestAlone)
         EXPECT_EQ(import.table.BrowsePage({}, 0).Text(), row.listing);
         if (*row.lookup) {
             EXPECT_EQ(import.table.Lookup("A"), row.lookup);
+            EXPECT_EQ(import.table.Lookup("B"), row.bit);
         }
         EXPECT_EQ(import.fake.LivingObjects(), 0);
     }
@@ -75,7 +81,7 @@ TEST(AbsentValue, AVariableWithoutItsAddressIsListedButNotResolved)
     import.Load();
     EXPECT_EQ(import.table.Lookup("A"),
               "refused: KorvaPro Reader <plant.kds>:SearchAndGetFF:Can only animate LOCATED EDT which size is 1 or 2");
-    EXPECT_EQ(import.table.BrowsePage({.filter = "%UL"}, 0).Text(), "A=!A, B=!B");
+    EXPECT_EQ(import.table.BrowsePage({.filter = "%UL"}, 0).Text(), "A=!A");
 }
 
 // Properties, several between bars, and the lookup.
@@ -104,16 +110,18 @@ TEST(ImportedNumbers, AreReadToTheFirstOtherCharacter)
     }
 }
 
+const char kStructure[] =
+    "TYPE M STRUCT A INT block 1 @4 size 2 access 1 hidden 5 'pump' B ARRAY[0..1] OF INT END NODATABLOCK";
+const char kArray[] = "TYPE T ARRAY[0..1] OF INT STRUCT A INT END NODATABLOCK";
+
 struct MemberCase
 {
     const char* call;
     int occurrence;
     Fault fault;
     const char* dumped; // name, comment, type, numbers of the first member, or what is dumped instead
+    const char* exportText = kStructure;
 };
-
-const char kStructure[] =
-    "TYPE M STRUCT A INT block 1 @4 size 2 access 1 hidden 5 'pump' B ARRAY[0..1] OF INT END NODATABLOCK";
 
 const MemberCase kMemberCases[] = {
     {"no such call", 1, Fault::Result(E_FAIL),
@@ -126,12 +134,16 @@ const MemberCase kMemberCases[] = {
     {"GetAttribute DDTName", 1, Fault::Result(E_FAIL), "DDTStruct/DDTStruct/0/NbMember 2/"},
     {"GetChildrenByName array", 1, Fault::Result(E_FAIL), "DDTStruct M/0/NbMember 2/"},
     {"GetChildrenByName structure", 1, Fault::ResultAndValue(S_FALSE), "ListType 0/"},
+    {"Next", 2, Fault::ResultAndValue(S_FALSE), "ListType 0/"}, // of the structure; of an array the element counts
+    {"Next", 1, Fault::ResultAndValue(S_FALSE), "DDTArray T/0/INT/2/1/0 1/", kArray},
+    {"GetText", 1, Fault::Result(E_FAIL), "ListType 0/", kArray},
     {"GetChildren", 3, Fault::ResultAndValue(S_FALSE), "ListType 0/"},
     {"GetAttribute typeName", 1, Fault::Result(E_FAIL), "A/pump//0 208 (1,4)-2 : 1 0 1/"},
     {"GetChildText comment", 1, Fault::Result(E_FAIL), "A//INT/2 A590148 (1,4)-2 : 1 0 1/"},
     {"SelectChildren attribute name AreaBlock", 1, Fault::Result(E_FAIL), "INT/2 A590148 (0,4)-2 : 1 0 1/"},
     {"GetAttribute value", 2, Fault::Result(E_FAIL), "INT/2 A590148 (1,0)-2 : 1 0 1/"},
     {"SelectChildren attribute name RequestAccessRight", 1, Fault::Result(E_FAIL), "INT/2 A590148 (1,4)-2 : 3 0 1/"},
+    {"GetAttribute value", 4, Fault::Result(E_FAIL), "INT/2 A590148 (1,4)-2 : 0 0 1/"},
     {"SelectChildren attribute name IsVariableHidden", 1, Fault::Result(S_OK), "INT/2 A590148 (1,4)-2 : 1 0 0/"},
     {"GetAttribute value", 5, Fault::ResultAndValue(E_FAIL), "INT/2 A590148 (1,4)-2 : 1 0 1/"}, // hidden, as it came
     // The type is classified last, so this throw comes before the array is registered.
@@ -142,7 +154,7 @@ TEST(AbsentValue, OfAMemberLeavesTheRestAlone)
 {
     for (const MemberCase& row : kMemberCases) {
         SCOPED_TRACE(row.call + std::string(" ") + ResultName(row.fault.result));
-        CImport import(kStructure);
+        CImport import(row.exportText);
         import.fake.Fail(row.call, row.occurrence, row.fault);
         EXPECT_EQ(import.Load(), 0);
         EXPECT_THAT(import.DumpedText(), HasSubstr(row.dumped));
@@ -190,6 +202,7 @@ const SectionCase kSections[] = {
     // Values that do not come.
     {"Item 0", 1, Fault::Result(S_OK), "", "E(0,0):3"},
     {"GetChildren", 1, Fault::Result(E_FAIL), "", " | E(0,0):3"},
+    {"Next", 1, Fault::ResultAndValue(E_FAIL), "", " | E(0,0):3"},
     {"GetTagName", 1, Fault::Result(E_FAIL), "", "C(0,0):2 D(0,0):0 | E(0,0):3"},
     {"GetChildren", 2, Fault::Result(E_FAIL), "", "C(0,0):2 D(0,0):0 | E(0,0):3"},
     {"GetAttribute name", 5, Fault::Result(E_FAIL), "", "A(0,1):3 B(0,0):3 hidden C(0,0):2 (0,0):0 | E(0,0):3"},

@@ -35,12 +35,14 @@ const OrderCase kOrders[] = {
      "CreateInstance QueryInterface ImportSource InitImportWithoutDlg plant.kds ImportFile QueryInterface WalkSource "
      "FindElement dataBlock GetElementList DDTSource Count GetElementList FBSource Count GetChildrenByName variables "
      "Count"},
-    {"VAR A INT AT %MW1 'c' block 5 @2 size 2 bit 1 customer x access 1 VAR B Nowhere", "GetChildrenByName variables",
+    {"VAR A INT AT %MW1 'c' block 5 @2 size 2 bit 1 customer x access 1 VAR B Nowhere VAR \"\" INT @2",
+     "GetChildrenByName variables",
      "GetChildrenByName variables Count "
      "Item 0 @name @typeName @topologicalAddress GetChildText comment ?AreaBlock Next @value ?AreaOffset Next @value "
      "?Size Next @value ?ExtractBit Next @value ?CustomerString Next @value ?RequestAccessRight Next @value "
      "Item 1 @name @typeName @topologicalAddress GetChildText comment ?AreaBlock Next ?AreaOffset Next ?Size Next "
-     "?ExtractBit Next ?CustomerString Next ?RequestAccessRight Next"},
+     "?ExtractBit Next ?CustomerString Next ?RequestAccessRight Next "
+     "Item 2 @name @typeName @topologicalAddress GetChildText comment"},
     {"TYPE M STRUCT A INT @0 B INT END TYPE T ARRAY[0..1] OF INT NODATABLOCK", "GetElementList DDTSource",
      "GetElementList DDTSource Count Item 0 @DDTName GetChildrenByName array Next GetChildrenByName structure Next "
      "GetChildren Next "

@@ -7,7 +7,7 @@ namespace {
 
 // Exports, several between bars, and the types as dumped.
 const std::pair<const char*, const char*> kTypes[] = {
-    {"TYPE T array[-5..5] of int", "DDTArray T int 2 1 FFFFFFFB 5"},
+    {"TYPE T array[-5..5] of int|TYPE T array[-5..5] of int STRUCT A INT", "DDTArray T int 2 1 FFFFFFFB 5"},
     {"TYPE M ARRAY[1..2,0..3,4..5] OF Motor TYPE N ARRAY[0..1,0..2] OF BOOL",
      "DDTArray %TEMP_ARRAY0 Motor 0 1 4 5; DDTArray %TEMP_ARRAY1 %TEMP_ARRAY0 0 1 0 3; DDTArray M %TEMP_ARRAY1 0 1 1 "
      "2; "

@@ -36,7 +36,7 @@ const TextCase kDeclarations[] = {
     {"ARRAY[1..2, 0..3, \t-1.. 7] Of X", "1..2 0..3 -1..7 of X"},
     {"ARRAY[ 1..2] OF X", "1..2 of X"},
     // Blanks stand in front of numbers only; reading stops where the text does not fit.
-    {"ARRAY[1 ..2] OF REAL|ARRAY[1...2] OF REAL|ARRAY[1.2] OF REAL|ARRAY[1..x] OF REAL|ARRAY[1..] OF REAL|"
+    {"ARRAY[1 ..2] OF REAL|ARRAY[1...2] OF REAL|ARRAY[0.15] OF REAL|ARRAY[1..x] OF REAL|ARRAY[1..] OF REAL|"
      "ARRAY[- 1..2] OF REAL|ARRAY[--1..2] OF REAL",
      "of REAL"},
     {"ARRAY[1..2 ,0..3] OF REAL|ARRAY[1..2,,0..3] OF REAL|ARRAY[,1..2] OF REAL|ARRAY[1..2,] OF REAL|"
@@ -128,7 +128,8 @@ TEST(WideToUtf8, KeepsWholeCharactersInItsLimit)
     EXPECT_EQ(Converted(a1022.substr(3) + u"\U0001F600"), bytes.substr(3) + "\xF0\x9F\x98\x80");
     EXPECT_EQ(Converted(a1022.substr(2) + u"\U0001F600"), bytes.substr(2));
     for (std::size_t units : {340u, 341u, 342u, 343u, 100000u}) // 341 of them fill the limit
-        EXPECT_EQ(Converted(std::u16string(units, u'\u20AC')).size(), std::min<std::size_t>(units, 341) * 3) << units;
+        for (const char16_t unit : {u'\u20AC', u'\u0800'})      // the second is the first of three bytes
+            EXPECT_EQ(Converted(std::u16string(units, unit)).size(), std::min<std::size_t>(units, 341) * 3) << units;
 }
 
 TEST(WideToUtf8, ReplacesHalvesOfPairs)
@@ -140,6 +141,7 @@ TEST(WideToUtf8, ReplacesHalvesOfPairs)
     EXPECT_EQ(Converted(low + high), replacement + replacement);
     EXPECT_EQ(Converted(high + high + low), replacement + "\xF0\x9F\x98\x80");
     EXPECT_EQ(Converted(std::u16string(1020, u'a') + high), std::string(1020, 'a') + replacement);
+    EXPECT_EQ(Converted(std::u16string(1020, u'a') + high + u"\uE000"), std::string(1020, 'a') + replacement);
     EXPECT_EQ(Converted(std::u16string(1021, u'a') + high), std::string(1021, 'a'));
 }
 

@@ -1,4 +1,5 @@
 // The dictionary of types, the arrays it registers and the definitions' own operations.
+#include "support/PrivateField.h"
 #include "support/Split.h"
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTArrayDef.h"
@@ -10,6 +11,12 @@
 
 #include <cstdio>
 #include <string>
+
+struct MemberIndexField
+{
+    friend CMap<CString, LPCSTR, int, int> CMemberList::*FieldOf(MemberIndexField);
+};
+template struct PrivateField<MemberIndexField, &CMemberList::index>;
 
 namespace {
 
@@ -156,6 +163,18 @@ TEST_F(TypeDictionary, KeepsADisplacedDefinitionAlive)
     EXPECT_EQ(types.GetDefinitions().GetCount(), 0);
 }
 
+TEST_F(TypeDictionary, AndOtherMapsHaveTheirNumbersOfBuckets)
+{
+    EXPECT_EQ(types.GetDefinitions().GetHashTableSize(), 769u);
+    EXPECT_EQ(table.GetVariables().GetHashTableSize(), 25309u);
+    CMemberList members;
+    for (int i = 0; i < 200; ++i)
+        members.Add(std::make_unique<CSymbXMLDDTMember>());
+    members.Remove(std::vector<bool>(200, true)); // makes the index anew
+    EXPECT_EQ((members.*FieldOf(MemberIndexField())).GetHashTableSize(), 181u);
+    EXPECT_EQ((marker.members.*FieldOf(MemberIndexField())).GetHashTableSize(), 181u);
+}
+
 TEST_F(TypeDictionary, AnswersWhatAnArrayIsAnArrayOf)
 {
     for (const char* pair :
@@ -170,6 +189,8 @@ TEST_F(TypeDictionary, AnswersWhatAnArrayIsAnArrayOf)
     }
     for (const char* name : {"Unknown", "Motors", "Self", "Ping", "Motor", "Block"})
         EXPECT_FALSE(IsArrayOf(name, kInt)) << name;
+    AddArray("Nowhere", "INT"); // what was found out before no longer holds
+    EXPECT_TRUE(IsArrayOf("Unknown", kInt));
 
     for (int i = 0; i < 70; ++i)
         AddArray("T" + std::to_string(i), i == 69 ? "INT" : "T" + std::to_string(i + 1));

@@ -124,23 +124,54 @@ TEST(TypeName, IsGeneratedInTheOrderOfTheExport)
         EXPECT_EQ(DumpedTypes(exportText), types) << exportText;
 }
 
-// A request that looks at a member's type leaves its name in upper case, and a listing of a structure classifies it
-// anew.
+// A request leaves the names of the types that it looks at in upper case; a listing of a structure also classifies the
+// members that match its pattern anew, before it filters them.
+struct FirstRequestCase
+{
+    const char* path;
+    const char* pattern;
+    VARTYPE varType;
+    const char* listing; // null: a lookup
+    const char* names;   // of the types that a listing of V shows afterwards
+    const char* rows;    // what R, whose elements are of a later type, resolves to instead
+};
+
+#define STRUCTURED "ROWS as structured +4 size 8"
+#define INTS "ROWS as INT[] +4 size 8"
+
+const FirstRequestCase kFirstRequests[] = {
+    {"NOTHING", "*", 0, nullptr, "Sub int Rows Never", STRUCTURED},
+    {"V.A.X", "*", 0, nullptr, "SUB int Rows Never", STRUCTURED},
+    {"V.B", "*", 0, nullptr, "Sub INT Rows Never", STRUCTURED},
+    {"V.A", "*", 0, "X", "SUB int Rows Never", STRUCTURED},
+    {"W[1].A", "*", 0, "X", "SUB int Rows Never", STRUCTURED},
+    {"V", "B*", 0, "B", "SUB INT ROWS NEVER", STRUCTURED},
+    {"V", "*", 0x2012, "R", "SUB INT ROWS NEVER", INTS},
+    {"V", "R", 0x2012, "R", "SUB INT ROWS NEVER", INTS},
+};
+
 TEST(TypeName, IsAsDeclaredUntilARequestLooksAtIt)
 {
-    const char exportText[] = "TYPE S STRUCT A Sub @2 size 2 L Late @4 size 4 END TYPE Sub STRUCT X int size 2 END\n"
-                              "TYPE Late ARRAY[0..1] OF int VAR V S";
-    const HostBrowse members{.path = "V", .fields = "A"};
-    CLoadedPlant listed(exportText);
-    EXPECT_EQ(listed.table.Browse(members), "A|U-Sub (B:0 - O:2) , L|U-Late (B:0 - O:4) ");
-    EXPECT_EQ(listed.table.Browse(members), "A|U-SUB (B:0 - O:2) , L|U-LATE (B:0 - O:4) ");
-    EXPECT_EQ(listed.table.Lookup("V.L"), "LATE as INT[] +4 size 4");
-
-    CLoadedPlant resolved(exportText);
-    EXPECT_EQ(resolved.table.Lookup("V.L"), "LATE as structured +4 size 4");
-    EXPECT_EQ(resolved.table.Lookup("V.A.X"), "INT +2 size 2");
-    EXPECT_EQ(resolved.table.Browse({.path = "V.A", .fields = "A"}), "X|U-INT (B:0 - O:2) ");
-    EXPECT_EQ(resolved.table.Browse(members), "A|U-SUB (B:0 - O:2) , L|U-LATE (B:0 - O:4) ");
+    for (const FirstRequestCase& row : kFirstRequests) {
+        SCOPED_TRACE(std::string(row.path) + ", pattern " + row.pattern);
+        const char exportText[] = "TYPE Rows ARRAY[0..1] OF Late\n"
+                                  "TYPE S STRUCT A Sub @2 size 2 B int R Rows @4 size 8 N Never END\n"
+                                  "TYPE Sub STRUCT X Int size 2 END TYPE Late ARRAY[0..1] OF int\n"
+                                  "VAR V S VAR W ARRAY[0..1] OF S";
+        CLoadedPlant listed(exportText), resolved(exportText);
+        for (const CHostTable* table : {&listed.table, &resolved.table})
+            if (row.listing)
+                EXPECT_EQ(table->Browse({.path = row.path, .pattern = row.pattern, .varType = row.varType}),
+                          row.listing);
+            else
+                table->Resolve(row.path);
+        std::string names;
+        for (const std::string& entry : listed.table.BrowseNames({.path = "V", .fields = "A"}))
+            names += (names.empty() ? "" : " ") + entry.substr(4, entry.find(" (") - 4); // behind "A|U-"
+        EXPECT_EQ(names, row.names);
+        EXPECT_EQ(listed.table.Lookup("V.R"), INTS); // from this listing on
+        EXPECT_EQ(resolved.table.Lookup("V.R"), row.rows);
+    }
 }
 
 } // namespace

@@ -154,13 +154,14 @@ private:
     ExportNode ParseType()
     {
         ExportNode source{"DDTSource", {{"DDTName", TakeText("a name")}}};
+        if (!Is("STRUCT")) {
+            TakeIf("ARRAY");
+            source.children.push_back({.tag = "array", .text = TakeTypeName()});
+        }
         if (TakeIf("STRUCT")) {
             source.children.push_back({"structure"});
             while (!AtEnd())
-                source.children[0].children.push_back(ParseMember());
-        } else {
-            TakeIf("ARRAY");
-            source.children.push_back({.tag = "array", .text = TakeTypeName()});
+                source.children.back().children.push_back(ParseMember());
         }
         return source;
     }

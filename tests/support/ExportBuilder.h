@@ -4,7 +4,7 @@
 //
 //   TYPE Motor STRUCT SPEED INT @0 size 2 'rpm' STATE ARRAY[0..3] OF BOOL @2 END
 //   TYPE Table ARRAY[1..2,0..3] OF REAL
-//   TYPE Odd ARRAY "any declaration"
+//   TYPE Odd ARRAY "any declaration" STRUCT A INT END
 //   DFB Pid IN SP REAL @0 OUT OP REAL @4 PRIVATE N INT END
 //   VAR MOTOR1 Motor AT %MW100 block 5 @200 size 16 'conveyor drive'
 //   VAR FLAG BOOL AT %MW3.5 bit 5 access 1 customer "line 1"
