@@ -11,6 +11,7 @@
 #include "symbkds/dump/CDumpLine.h"
 #include "symbkds/dump/DumpFileName.h"
 #include "symbkds/frame/CSymbXml.h"
+#include "symbkds/model/CSymbXMLDDTMember.h"
 #include "symbkds/model/CSymbXMLDDTStructDef.h"
 
 #include "platform/mfc/CStdioFile.h"
@@ -20,10 +21,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <sstream>
 #include <stdexcept>
+#include <thread>
 
 namespace {
 
@@ -165,7 +169,7 @@ TEST(DumpFile, OfAnEmptyExportHasTenLines)
 TEST(DumpFile, OfTheExamplePlant)
 {
     CDumped loaded;
-    ASSERT_EQ(loaded.LoadFile(EXAMPLES_DIR "/plant.kds"), 0);
+    ASSERT_EQ(loaded.LoadFile(loaded.folder.WriteFile("plant.kds", ReadWholeFile(EXAMPLES_DIR "/plant.kds"))), 0);
     EXPECT_EQ(WithoutStamps(loaded.Dump()), WithoutStamps(ReadWholeFile(TEST_DATA_DIR "/plant.dump")));
 }
 
@@ -251,23 +255,25 @@ TEST(DumpFile, OnAFullDiskIsReported)
     }
 }
 
-// A definition that cannot be written.
-class CUnwritableDef : public CSymbXMLDDTStructDef
+// A definition with a reserved number and a member passed by reference, and what it does when it is dumped.
+class CWatchedDef : public CSymbXMLDDTStructDef
 {
 public:
-    explicit CUnwritableDef(bool shouldThrow) : throws(shouldThrow) {}
-
-    bool Dump(CDumpLine& line) const override
+    explicit CWatchedDef(std::function<bool()> whenDumped) : work(std::move(whenDumped))
     {
-        line.Text("a beginning");
-        if (throws)
-            throw std::runtime_error("not to be written");
-        return false;
+        reservedNumber = 0xABC;
+        members.Add(std::make_unique<CSymbXMLDDTMember>());
+        members.GetAt(0)->indirectionKind = 2;
     }
 
+    bool Dump(CDumpLine& line) const override { return CSymbXMLDDTStructDef::Dump(line) && work(); }
+
 private:
-    bool throws;
+    std::function<bool()> work;
 };
+
+const char kWatched[] = "ListType 2\r\nDDTStruct \r\nDDTStruct  \r\nABC \r\nNbMember 1 \r\nDDT/DFB-Member  \r\n  \r\n"
+                        "  \r\n 0 2 (0,0)-0 : 0 2 0 \r\n";
 
 TEST(IncompleteDump, IsDeletedUnlessAnExceptionEndedIt)
 {
@@ -276,7 +282,9 @@ TEST(IncompleteDump, IsDeletedUnlessAnExceptionEndedIt)
         CTemporaryFolder folder, dumps;
         CUnitSink sink;
         CSymbXml symb;
-        symb.GetTypes().AddTypeDef("Odd", std::make_unique<CUnwritableDef>(throws));
+        symb.GetTypes().AddTypeDef("Odd", std::make_unique<CWatchedDef>([throws] {
+                                       return throws ? throw std::runtime_error("not to be written") : false;
+                                   }));
         const std::string path = folder.WriteFile("plant.kds", "");
         EXPECT_EQ(symb.Init(path.c_str(), &sink, TRUE, dumps.Path().c_str(), 0), 0);
         EXPECT_EQ(sink.TakeText(), throws ? "KorvaPro Reader <" + path +
@@ -285,9 +293,31 @@ TEST(IncompleteDump, IsDeletedUnlessAnExceptionEndedIt)
         EXPECT_EQ(symb.GetVariables().GetCount(), 1);
         EXPECT_EQ(dumps.List().empty(), !throws);
         if (throws) {
-            EXPECT_TRUE(dumps.ReadFile(dumps.List()).ends_with("ListType 2\r\na beginning")); // as much as was written
+            EXPECT_TRUE(dumps.ReadFile(dumps.List()).ends_with(kWatched)); // as much as was written
         }
     }
+}
+
+TEST(DumpFile, IsWrittenAloneAndAfterTheComponentIsGone)
+{
+    CFakeComponent component("VAR A INT");
+    CTemporaryFolder folder, dumps;
+    std::atomic<int> inside = 0;
+    const auto load = [&] {
+        const CComScope com;
+        CSymbXml symb;
+        symb.GetTypes().AddTypeDef("Odd", std::make_unique<CWatchedDef>([&] {
+                                       EXPECT_EQ(++inside, 1);
+                                       EXPECT_EQ(component.LivingObjects(), 0);
+                                       Sleep(20);
+                                       --inside;
+                                       return true;
+                                   }));
+        EXPECT_EQ(symb.Init(folder.FilePath("plant.kds").c_str(), nullptr, TRUE, dumps.Path().c_str(), 0), 0);
+    };
+    std::thread other(load);
+    load();
+    other.join();
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 #include "support/Split.h"
 #include "support/TemporaryFolder.h"
 
+#include <gtest/gtest.h>
+
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -18,6 +20,18 @@ struct CImport
 
     // Loads the empty file plant.kds, whose content is the fake's; dumps into a folder of its own.
     LONG Load(BOOL verbose = TRUE) { return table.Load(folder.WriteFile("plant.kds", ""), verbose, dumpFolder.Path()); }
+
+    // Fails unless the component has everything back, the interfaces from the inside out.
+    void ExpectAllGivenBack()
+    {
+        EXPECT_EQ(fake.LivingObjects(), 0);
+        const std::string_view fromTheInsideOut = ", dataBlock, WalkSource, ImportSource, KorvaProServices";
+        std::string interfaces;
+        for (const std::string& released : Split(fake.TakeReleases(), ", "))
+            if (fromTheInsideOut.find(" " + released) != std::string_view::npos && released != "")
+                interfaces += ", " + released;
+        EXPECT_TRUE(fromTheInsideOut.ends_with(interfaces)) << interfaces;
+    }
 
     bool HasDump() const { return !dumpFolder.List().empty(); }
 

@@ -70,7 +70,7 @@ TEST(AbsentValue, OfAVariableLeavesTheRestAlone)
             EXPECT_EQ(import.table.Lookup("A"), row.lookup);
             EXPECT_EQ(import.table.Lookup("B"), row.bit);
         }
-        EXPECT_EQ(import.fake.LivingObjects(), 0);
+        import.ExpectAllGivenBack();
     }
 }
 
@@ -158,7 +158,7 @@ TEST(AbsentValue, OfAMemberLeavesTheRestAlone)
         import.fake.Fail(row.call, row.occurrence, row.fault);
         EXPECT_EQ(import.Load(), 0);
         EXPECT_THAT(import.DumpedText(), HasSubstr(row.dumped));
-        EXPECT_EQ(import.fake.LivingObjects(), 0);
+        import.ExpectAllGivenBack();
     }
 }
 
@@ -239,7 +239,7 @@ TEST(FunctionBlockSection, EndsWhereTheComponentFails)
         std::string withoutDataBlock = "KorvaPro Reader <plant.kds>:catched exception on BrowseAllItemInCMap";
         EXPECT_EQ(messages, (*row.messages ? row.messages + std::string(" | ") : "") + withoutDataBlock);
         EXPECT_EQ(ShortMembers(import.DumpedLines()), row.members);
-        EXPECT_EQ(import.fake.LivingObjects(), 0);
+        import.ExpectAllGivenBack();
     }
 }
 

@@ -337,6 +337,11 @@ CFakeComponent::~CFakeComponent()
     CoRevokeClassObject(cookie);
 }
 
+void CFakeComponent::Show(std::string_view exportText)
+{
+    state->tree = ParseExport(exportText);
+}
+
 void CFakeComponent::Fail(std::string call, int occurrence, Fault fault)
 {
     std::lock_guard lock(state->guard);

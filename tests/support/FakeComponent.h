@@ -1,6 +1,7 @@
 #pragma once
 
 #include "korvaproservices/KorvaProServices.h"
+#include "platform/win32/File.h"
 #include "support/ExportBuilder.h"
 #include "support/HostView.h"
 
@@ -33,7 +34,12 @@ struct Fault
     static Fault WithoutText() { return {Kind::kWithoutText}; }
     static Fault Number() { return {Kind::kNumber}; }
     static Fault NumberAndValue() { return {Kind::kNumberAndValue}; }
+
+    bool Throws() const { return kind != Kind::kResult && kind != Kind::kResultAndValue; }
 };
+
+// Whether an exception may leave CoCreateInstance: that of Windows lets none out.
+inline constexpr bool kCreationMayThrow = kPathSeparator == '/';
 
 struct FakeState;
 
@@ -51,6 +57,9 @@ public:
     CFakeComponent(const CFakeComponent&) = delete;
     CFakeComponent& operator=(const CFakeComponent&) = delete;
     ~CFakeComponent();
+
+    // Walks another export from now on.
+    void Show(std::string_view exportText);
 
     // The `occurrence`-th call (from 1; 0: each) whose recorded text begins with `call` fails: "Item",
     // "GetAttribute value", "QueryInterface WalkSource", "CreateInstance" ...
