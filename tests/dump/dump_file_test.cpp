@@ -301,10 +301,10 @@ TEST(IncompleteDump, IsDeletedUnlessAnExceptionEndedIt)
 TEST(DumpFile, IsWrittenAloneAndAfterTheComponentIsGone)
 {
     CFakeComponent component("VAR A INT");
-    CTemporaryFolder folder, dumps;
     std::atomic<int> inside = 0;
     const auto load = [&] {
         const CComScope com;
+        CTemporaryFolder dumps;
         CSymbXml symb;
         symb.GetTypes().AddTypeDef("Odd", std::make_unique<CWatchedDef>([&] {
                                        EXPECT_EQ(++inside, 1);
@@ -313,7 +313,7 @@ TEST(DumpFile, IsWrittenAloneAndAfterTheComponentIsGone)
                                        --inside;
                                        return true;
                                    }));
-        EXPECT_EQ(symb.Init(folder.FilePath("plant.kds").c_str(), nullptr, TRUE, dumps.Path().c_str(), 0), 0);
+        EXPECT_EQ(symb.Init("plant.kds", nullptr, TRUE, dumps.Path().c_str(), 0), 0);
     };
     std::thread other(load);
     load();
