@@ -8,6 +8,7 @@
 #include "symbkds/model/CSymbXMLDDTArrayDef.h"
 #include "symbkds/model/ElementaryTypes.h"
 #include "symbkds/model/TextNumber.h"
+#include "symbkds/model/TypeCodes.h"
 
 #include <algorithm>
 #include <array>
@@ -106,9 +107,8 @@ private:
 
 HRESULT CSymbXMLDDTArrayDef::BrowseChildren(const BrowseRequest& request)
 {
-    std::uint32_t elementarySize = 0;
-    std::uint32_t elementCode = 0;
-    const bool leaf = ClassifyElementaryType(elementTypeName, elementarySize, elementCode);
+    const std::uint32_t elementCode = ElementaryCodeOf(elementTypeName);
+    const bool leaf = elementCode != kUnclassifiedCode;
     CSymbXMLDDTDef* element = nullptr;
     const bool known = request.symbolTable.GetTypes().FindTypeDef(elementTypeName, element);
     const std::uint32_t count = FirstBounds().ElementCount();

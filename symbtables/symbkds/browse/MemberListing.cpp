@@ -96,9 +96,7 @@ private:
         if (codes.find('A') != std::string_view::npos)
             addressField = AddressField(member, typeName); // before the member is classified anew
 
-        std::uint32_t size = 0;
-        std::uint32_t typeCode = 0;
-        const bool leaf = ClassifyElementaryType(member.typeName, size, typeCode);
+        const bool leaf = IsElementary(member.typeName);
         if (!request.options.AcceptsName(member.name))
             return std::nullopt;
         if (rules.classifyAnew)

@@ -61,10 +61,8 @@ private:
 
     bool SetType(CSymbXMLItemDef& variable, CString typeName)
     {
-        std::uint32_t size = 0;
-        std::uint32_t typeCode = 0;
-        if (ClassifyElementaryType(typeName, size, typeCode)) {
-            variable.SetTypeName(Shared(typeName, typeCode), &types);
+        if (IsElementary(typeName)) {
+            variable.SetTypeName(Shared(typeName), &types);
             return true;
         }
         CSymbXMLDDTDef* definition = nullptr;
@@ -76,9 +74,9 @@ private:
     }
 
     // The text of a variable before that has the same elementary type: one text serves them all.
-    const CString& Shared(const CString& typeName, std::uint32_t typeCode)
+    const CString& Shared(const CString& typeName)
     {
-        CString& known = elementaryNames[typeCode % elementaryNames.size()];
+        CString& known = elementaryNames[ElementaryRowOf(*FindElementaryType(typeName.View(), NameCase::Exact))];
         if (known != typeName)
             known = typeName;
         return known;
@@ -86,7 +84,7 @@ private:
 
     const ImportKeys keys;
     MAPOFDDTDEF& types;
-    std::array<CString, 57> elementaryNames; // the last name met of each type: all codes differ modulo 57
+    std::array<CString, kElementaryTypeCount> elementaryNames; // the last one met of each: STRING[n] has many
 };
 
 } // namespace

@@ -36,6 +36,10 @@ std::uint32_t ArrayBounds::ElementCount() const
     return count > 0 && count <= std::int64_t{UINT32_MAX} ? static_cast<std::uint32_t>(count) : 0;
 }
 
+ArrayDeclaration::ArrayDeclaration(const ArrayBounds& dimension, const CString& elementType)
+    : elementTypeName(elementType), bounds{dimension}, dimensionCount(1)
+{}
+
 ArrayDeclaration::ArrayDeclaration(const CString& text) : elementTypeName(ElementTypeNameOf(text))
 {
     const char* position = static_cast<LPCSTR>(text) + (text.Find('[') + 1);

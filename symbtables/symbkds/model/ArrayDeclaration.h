@@ -30,4 +30,6 @@ struct ArrayDeclaration
     bool tooManyDimensions = false; // more than kMaxDimensions; the declaration must be refused
 
     explicit ArrayDeclaration(const CString& text);
+    // One dimension of elements of that type.
+    ArrayDeclaration(const ArrayBounds& dimension, const CString& elementType);
 };

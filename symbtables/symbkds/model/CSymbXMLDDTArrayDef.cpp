@@ -44,14 +44,14 @@ std::uint32_t CSymbXMLDDTArrayDef::WalkToInnermostCode(MAPOFDDTDEF* types)
 {
     CSymbXMLDDTArrayDef* array = this;
     for (int link = 0; link < kMaxChain; ++link) {
-        std::uint32_t size = 0;
-        std::uint32_t innermost = 0;
-        if (ClassifyElementaryType(array->elementTypeName, size, innermost))
+        const std::uint32_t innermost = ElementaryCodeOf(array->elementTypeName);
+        if (innermost != kUnclassifiedCode)
             return innermost;
         CSymbXMLDDTDef* element = nullptr;
-        if (!types->FindTypeDef(array->elementTypeName, element) || !element->IsArray())
+        types->FindTypeDef(array->elementTypeName, element);
+        array = AsArray(element);
+        if (!array)
             return kUnclassifiedCode;
-        array = static_cast<CSymbXMLDDTArrayDef*>(element);
     }
     return kUnclassifiedCode;
 }

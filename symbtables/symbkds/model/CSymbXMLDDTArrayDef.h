@@ -40,6 +40,7 @@ public:
     virtual bool ElementIndex(LPCSTR indexText, std::uint32_t& elementNumber) const;
     // Stores the element type's name and classifies the array and its elements by it.
     virtual void SetElementTypeName(const CString& newElementTypeName);
+    // Nobody asks these two; they keep their places in the table of virtual functions, which the definitions share.
     virtual bool HasElementVarType() const { return elementVarType != VT_EMPTY; }
     virtual bool IsAddressedByIndex() const { return false; }
 
@@ -72,3 +73,9 @@ private:
     std::uint32_t innermostCode = 0;
     std::uint64_t innermostRevision = kNoRevision;
 };
+
+// The definition as an array; null when it is null or none.
+inline CSymbXMLDDTArrayDef* AsArray(CSymbXMLDDTDef* definition)
+{
+    return definition && definition->IsArray() ? static_cast<CSymbXMLDDTArrayDef*>(definition) : nullptr;
+}

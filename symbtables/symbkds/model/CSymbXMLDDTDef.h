@@ -13,6 +13,9 @@ struct BrowseRequest;
 
 // A derived type of the project: a structure, an array type or a function block type.
 //
+// The order of the virtual operations is part of the model: also those that nobody calls today (IsStruct,
+// UpdateMemberTypes, IsConsistent, GetTypeCode, GetVarType, SetTypeFromElementCode) keep their places.
+//
 // The type dictionary owns every definition. Definitions are read and changed
 // only under the lock of the symbol table; lookups and listings change no more
 // than the case of type names and the classification of members.

@@ -10,10 +10,8 @@ void CSymbXMLDFBDef::RemoveDFBMembers(MAPOFDDTDEF* types)
     std::vector<bool> marked(static_cast<std::size_t>(members.GetCount()));
     bool any = false;
     for (int position = members.GetCount() - 1; position >= 1; --position) {
-        std::uint32_t size = 0;
-        std::uint32_t typeCode = 0;
         CSymbXMLDDTMember& member = *members.GetAt(position);
-        if (ClassifyElementaryType(member.typeName, size, typeCode) || !types->IsDFBType(member.typeName))
+        if (IsElementary(member.typeName) || !types->IsDFBType(member.typeName))
             continue;
         marked[static_cast<std::size_t>(position)] = true;
         any = true;

@@ -25,10 +25,10 @@ bool CSymbXMLItemDef::IsBitOrWordType() const
 {
     switch (typeCode) {
     case kBoolCode:
-    case 0x04290148: // EBOOL
-    case 0x0A590148: // INT
-    case 0x22590148: // UINT
-    case 0x00A90148: // WORD
+    case kEBoolCode:
+    case kIntCode:
+    case kUIntCode:
+    case kWordCode:
         return true;
     default:
         return false;

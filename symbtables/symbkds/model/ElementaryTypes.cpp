@@ -16,25 +16,26 @@ constexpr std::size_t kStringRow = 3;
 // clang-format off
 constexpr ElementaryType kTypes[] = {
     // name     code       size varType  array code  array   member  definition
-    {"BOOL",    0x02290148, 1, VT_BOOL, 0x02291088, 0x200B, 0x200B, 0x02291088},
-    {"EBOOL",   0x04290148, 1, VT_BOOL, 0x04291088, 0x200B, 0x200B, 0x04291088},
+    {"BOOL",    kBoolCode,  1, VT_BOOL, 0x02291088, 0x200B, 0x200B, 0x02291088},
+    {"EBOOL",   kEBoolCode, 1, VT_BOOL, 0x04291088, 0x200B, 0x200B, 0x04291088},
     {"BYTE",    0x01290148, 1, VT_UI1,  0,          0,      0,      kStructuredCode},
     {"STRING",  0x00120148, 16, VT_UI1, 0,          0,      0,      kStructuredCode},
     {"WSTRING", 0x00220148, 2, VT_UI2,  0,          0,      0,      0x22591088},
-    {"UINT",    0x22590148, 2, VT_UI2,  0x22591088, 0x2012, 0x2012, 0x22591088},
+    {"UINT",    kUIntCode,  2, VT_UI2,  0x22591088, 0x2012, 0x2012, 0x22591088},
     {"UDINT",   0x12590148, 4, VT_UI4,  0x12591088, 0x2013, 0x2013, 0x12591088},
     {"DINT",    0x06590148, 4, VT_I4,   0x06591088, 0x2003, 0x2013, 0x06591088},
     {"DWORD",   0x00690148, 4, VT_UI4,  0x00691088, 0x2013, 0x2013, 0x12591088},
     {"TOD",     0x04040148, 4, VT_UI4,  0,          0,      0,      0x12591088},
     {"TIME",    0x00910148, 4, VT_UI4,  0,          0,      0,      0x12591088},
     {"DATE",    0x02040148, 4, VT_UI4,  0,          0,      0,      0x12591088},
-    {"INT",     0x0A590148, 2, VT_I2,   0x0A591088, 0x2002, 0x2012, 0x0A591088},
+    {"INT",     kIntCode,   2, VT_I2,   0x0A591088, 0x2002, 0x2012, 0x0A591088},
     {"REAL",    0x05510148, 4, VT_R4,   0x05511088, 0x2004, 0x2013, 0x05511088},
     {"DT",      0x01040148, 8, VT_R8,   0,          0,      0,      kStructuredCode},
-    {"WORD",    0x00A90148, 2, VT_UI2,  0x00A91088, 0x2012, 0x2012, 0x22591088},
+    {"WORD",    kWordCode,  2, VT_UI2,  0x00A91088, 0x2012, 0x2012, 0x22591088},
 };
 // clang-format on
 static_assert(kTypes[kStringRow].name == "STRING");
+static_assert(std::size(kTypes) == kElementaryTypeCount);
 
 bool SameName(std::string_view text, std::string_view upperName, NameCase nameCase)
 {
@@ -68,6 +69,11 @@ const ElementaryType* FindElementaryType(std::string_view name, NameCase nameCas
     return SameName(prefix, kSizedStringPrefix, nameCase) ? &kTypes[kStringRow] : nullptr;
 }
 
+std::size_t ElementaryRowOf(const ElementaryType& type)
+{
+    return static_cast<std::size_t>(&type - kTypes);
+}
+
 const ElementaryType* FindElementaryTypeByCode(std::uint32_t typeCode)
 {
     const auto* found = std::ranges::find(kTypes, typeCode, &ElementaryType::typeCode);
@@ -89,6 +95,19 @@ bool ClassifyElementaryType(CString& typeName, std::uint32_t& sizeBytes, std::ui
     sizeBytes = sized ? static_cast<std::uint32_t>(std::max(0, ParseNumber(name.data() + kSizedStringPrefix.size())))
                       : type->sizeBytes;
     return true;
+}
+
+bool IsElementary(CString& typeName)
+{
+    return ElementaryCodeOf(typeName) != kUnclassifiedCode;
+}
+
+std::uint32_t ElementaryCodeOf(CString& typeName)
+{
+    std::uint32_t sizeBytes = 0;
+    std::uint32_t typeCode = 0;
+    ClassifyElementaryType(typeName, sizeBytes, typeCode);
+    return typeCode;
 }
 
 LPCSTR KindName(std::uint32_t typeCode)

@@ -28,6 +28,10 @@ enum class NameCase
 // The elementary type that `name` names; STRING[n] is STRING. Null when there is none.
 const ElementaryType* FindElementaryType(std::string_view name, NameCase nameCase);
 
+// How many elementary types there are, and the place of one among them, counted from 0.
+inline constexpr std::size_t kElementaryTypeCount = 16;
+std::size_t ElementaryRowOf(const ElementaryType& type);
+
 // The elementary type with this type code; null when there is none.
 const ElementaryType* FindElementaryTypeByCode(std::uint32_t typeCode);
 
@@ -35,6 +39,9 @@ const ElementaryType* FindElementaryTypeByCode(std::uint32_t typeCode);
 // place; callers keep the changed name. On true `typeCode` and `sizeBytes` are
 // set; on false `typeCode` is the unclassified code and `sizeBytes` stays.
 bool ClassifyElementaryType(CString& typeName, std::uint32_t& sizeBytes, std::uint32_t& typeCode);
+// The same, for the answer and for the code alone.
+bool IsElementary(CString& typeName);
+std::uint32_t ElementaryCodeOf(CString& typeName);
 
 // The name of the kind of value that a type code stands for.
 LPCSTR KindName(std::uint32_t typeCode);

@@ -22,17 +22,16 @@ CSymbXMLDDTArrayDef* MAPOFDDTDEF::AddArrayChain(const CSymbXMLDDTArrayDef& array
     CSymbXMLDDTArrayDef* outermost = nullptr;
     CString elementName = array.elementTypeName;
     for (int dimension = array.dimensionCount - 1, step = 0; dimension >= 0; --dimension, ++step) {
-        const ArrayBounds& bounds = array.bounds[static_cast<std::size_t>(dimension)];
-        CString declaration;
-        declaration.Format("ARRAY[%i..%i] OF ", bounds.lower, bounds.upper);
-        auto part = std::make_unique<CSymbXMLDDTArrayDef>(declaration + elementName);
-        part->SetDisplayText(array, step);
+        CString partName;
         if (dimension == 0 && outerName)
-            part->name = *outerName;
+            partName = *outerName;
         else
-            CSymbXMLDDTArrayDef::MakeTempArrayName(part->name, *owner);
+            CSymbXMLDDTArrayDef::MakeTempArrayName(partName, *owner);
+        const ArrayBounds& bounds = array.bounds[static_cast<std::size_t>(dimension)];
+        auto part = std::make_unique<CSymbXMLDDTArrayDef>(partName, ArrayDeclaration(bounds, elementName));
+        part->SetDisplayText(array, step);
         outermost = part.get();
-        elementName = part->name;
+        elementName = partName;
         AddTypeDef(elementName, std::move(part));
     }
     return outermost;

@@ -9,9 +9,10 @@ ValueType ClassifyValueType(const CString& typeName, MAPOFDDTDEF& types, const C
     if (const ElementaryType* type = FindElementaryType(typeName.View(), rules.nameCase))
         return {type->typeCode, type->varType};
     CSymbXMLDDTDef* definition = nullptr;
-    if (types.FindTypeDef(typeName, definition) && definition->IsArray()) {
+    types.FindTypeDef(typeName, definition);
+    if (CSymbXMLDDTArrayDef* array = AsArray(definition)) {
         // One walk down the chain tells what it would take nine questions to find out.
-        const std::uint32_t code = static_cast<CSymbXMLDDTArrayDef*>(definition)->InnermostElementCode(&types);
+        const std::uint32_t code = array->InnermostElementCode(&types);
         const ElementaryType* element = FindElementaryTypeByCode(code);
         if (element && element->arrayCode != 0)
             return {element->arrayCode, element->*rules.arrayVarType};

@@ -9,7 +9,12 @@
 constexpr std::uint32_t kUnclassifiedCode = 0x00000002;
 // A structure, a function block, or an array whose innermost elements have no array code.
 constexpr std::uint32_t kStructuredCode = 0x00000208;
+// The elementary types that a plain name serves.
 constexpr std::uint32_t kBoolCode = 0x02290148;
+constexpr std::uint32_t kEBoolCode = 0x04290148;
+constexpr std::uint32_t kIntCode = 0x0A590148;
+constexpr std::uint32_t kUIntCode = 0x22590148;
+constexpr std::uint32_t kWordCode = 0x00A90148;
 
 // Flags by which an array code differs from the code of its elements.
 constexpr std::uint32_t kArrayFlags = 0x1080;

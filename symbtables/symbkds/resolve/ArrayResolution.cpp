@@ -2,6 +2,7 @@
 #include "symbkds/model/ElementaryTypes.h"
 #include "symbkds/model/MAPOFDDTDEF.h"
 #include "symbkds/model/TextNumber.h"
+#include "symbkds/model/TypeCodes.h"
 #include "symbkds/resolve/MemberResolution.h"
 
 namespace {
@@ -14,11 +15,6 @@ bool EndsOnElement(const CSymbKorvaAnalyser& path, int level)
     if (last.hasNumber && last.index == last.name)
         return level == path.GetLastIndex() - 1;
     return level == path.GetLastIndex() && last.name.IsEmpty();
-}
-
-bool IsAnonymousArray(const CSymbXMLDDTDef& definition)
-{
-    return definition.IsArray() && static_cast<const CSymbXMLDDTArrayDef&>(definition).IsAnonymous();
 }
 
 } // namespace
@@ -43,9 +39,8 @@ bool CSymbXMLDDTArrayDef::ResolvePath(MAPOFDDTDEF* types, const CSymbKorvaAnalys
     const std::uint32_t elementSize = descriptor.size / count;
     descriptor.size = elementSize;
 
-    std::uint32_t elementarySize = 0;
-    std::uint32_t elementaryCode = 0;
-    if (ClassifyElementaryType(elementTypeName, elementarySize, elementaryCode)) {
+    const std::uint32_t elementaryCode = ElementaryCodeOf(elementTypeName);
+    if (elementaryCode != kUnclassifiedCode) {
         MoveInto(descriptor, located, elementNumber * elementSize, elementSize);
         descriptor.typeCode = elementaryCode;
         typeName = elementTypeName;
@@ -59,7 +54,9 @@ bool CSymbXMLDDTArrayDef::ResolvePath(MAPOFDDTDEF* types, const CSymbKorvaAnalys
     MoveInto(descriptor, located, elementNumber * elementSize, elementSize);
     if (level < path.GetLastIndex())
         return element->ResolvePath(types, path, level + 1, located, descriptor, typeName, comment, address);
-    comment = IsAnonymousArray(*element) ? CString() : elementTypeName;
+    // An element has no comment of its own: hosts are shown the name of its type, unless that is a generated one.
+    const CSymbXMLDDTArrayDef* const elementArray = AsArray(element);
+    comment = elementArray && elementArray->IsAnonymous() ? CString() : elementTypeName;
     typeName = element->GetDisplayName();
     return true;
 }
@@ -74,11 +71,8 @@ bool CSymbXMLDDTArrayDef::FindDefinitionAtPath(const CSymbKorvaAnalyser& path, i
     }
     const std::uint32_t count = FirstBounds().ElementCount();
     std::uint32_t elementNumber = 0;
-    std::uint32_t elementarySize = 0;
-    std::uint32_t elementaryCode = 0;
     CSymbXMLDDTDef* element = nullptr;
-    if (count == 0 || !ElementIndex(path.GetItem(level).index, elementNumber) ||
-        ClassifyElementaryType(elementTypeName, elementarySize, elementaryCode) ||
+    if (count == 0 || !ElementIndex(path.GetItem(level).index, elementNumber) || IsElementary(elementTypeName) ||
         !types->FindTypeDef(elementTypeName, element))
         return false;
     size /= count;

@@ -5,12 +5,15 @@ namespace {
 
 constexpr int kBitsPerByte = 8;
 
-// Bytes from the start of an area to a location; all areas are measured by the word area's count.
+// Whether a location lies in an area or right behind its end, which counts too: hosts that compare address texts have
+// them so. The bit area is measured by the word area's count, not by its own, for the same reason.
 bool Contains(const MemoryArea& area, const MemoryArea& wordArea, std::uint16_t block, std::uint32_t offset)
 {
     return block == area.block && area.baseOffset <= offset && offset <= area.baseOffset + 2 * wordArea.count;
 }
 
+// A word has no more than 16 bits: bit 8 and above of an odd byte has no text. The sizes are looked at one by one, so a
+// size without a text of its own leaves none.
 void FormatWord(std::uint32_t number, bool upperByte, std::uint8_t bit, std::int32_t size, std::uint32_t typeCode,
                 CString& text)
 {
@@ -41,7 +44,7 @@ void CSymbXml::FormatMemoryAddress(std::int32_t indirection, std::uint16_t block
     if (Contains(wordArea, wordArea, block, offset)) {
         const std::uint32_t relative = offset - wordArea.baseOffset;
         const std::uint32_t number = relative / 2 + wordArea.firstIndex;
-        if (number <= wordArea.count)
+        if (number <= wordArea.count) // the one behind the last is still formatted
             FormatWord(number, relative % 2 != 0, bit, size, typeCode, text);
         return;
     }

@@ -12,16 +12,17 @@ void CorrectArraySize(const CSymbXMLDDTDef& memberDefinition, const CString& res
                       AddressDescriptor& descriptor)
 {
     CSymbXMLDDTDef* resolved = nullptr;
-    if (!types->FindTypeDef(resolvedTypeName, resolved) || !memberDefinition.IsArray() || !resolved->IsArray())
+    types->FindTypeDef(resolvedTypeName, resolved);
+    CSymbXMLDDTArrayDef* const array = AsArray(resolved);
+    if (!memberDefinition.IsArray() || !array)
         return;
-    auto& array = static_cast<CSymbXMLDDTArrayDef&>(*resolved);
-    const std::uint32_t count = array.FirstBounds().ElementCount();
+    const std::uint32_t count = array->FirstBounds().ElementCount();
     std::uint32_t elementSize = 0;
     std::uint32_t elementCode = 0;
-    if (count == 0 || !ClassifyElementaryType(array.elementTypeName, elementSize, elementCode))
+    if (count == 0 || !ClassifyElementaryType(array->elementTypeName, elementSize, elementCode))
         return;
     descriptor.size = elementSize * count;
-    descriptor.typeCode = array.typeCode;
+    descriptor.typeCode = array->typeCode;
 }
 
 } // namespace
@@ -80,11 +81,8 @@ bool FindDefinitionAmongMembers(CSymbXMLDDTDef& self, const CMemberList& members
         return true;
     }
     CSymbXMLDDTMember* member = FindMember(members, path, level);
-    std::uint32_t elementarySize = 0;
-    std::uint32_t typeCode = 0;
     CSymbXMLDDTDef* definition = nullptr;
-    if (!member || ClassifyElementaryType(member->typeName, elementarySize, typeCode) ||
-        !types->FindTypeDef(member->typeName, definition))
+    if (!member || IsElementary(member->typeName) || !types->FindTypeDef(member->typeName, definition))
         return false;
     block = static_cast<std::uint16_t>(block + member->block);
     offset += member->offset;
