@@ -1,8 +1,10 @@
-// How failures turn into what a caller sees: the two places where exceptions are caught.
+// How failures turn into what a caller sees. The plug-in catches exceptions here and nowhere else, but for a message
+// that memory is too short to build (CSymbXml::ReportException).
 #pragma once
 
 #include "platform/mfc/Exceptions.h"
 
+#include <exception>
 #include <new>
 #include <utility>
 
@@ -19,18 +21,20 @@ decltype(auto) WithMemoryException(Body&& body)
 }
 
 // Runs `body` and hands an exception to `report`: a standard one with its
-// description (empty when it has none), any other with a null pointer. True when there was none.
+// description (empty when it has none), any other with a null pointer. Returns
+// the exception, for callers that pass it on; null when there was none.
 template <class Body, class Report>
-bool RunGuarded(Body&& body, Report&& report)
+std::exception_ptr RunGuarded(Body&& body, Report&& report)
 {
     try {
         WithMemoryException(std::forward<Body>(body));
-        return true;
+        return nullptr;
     } catch (const std::exception& exception) {
         const char* description = exception.what();
         report(description ? description : "");
+        return std::current_exception();
     } catch (...) {
         report(nullptr);
+        return std::current_exception();
     }
-    return false;
 }

@@ -1,6 +1,7 @@
 // The module-wide objects, from the loading of the library to its unloading.
 #include "platform/mfc/CCriticalSection.h"
 #include "symbkds/frame/CSymbXmlApp.h"
+#include "symbkds/frame/Guard.h"
 
 namespace {
 
@@ -13,11 +14,9 @@ AFX_MODULE_STATE moduleState(application);
 
 int CSymbXmlApp::ExitInstance()
 {
-    try {
-        return CWinApp::ExitInstance();
-    } catch (...) {
-        return -1;
-    }
+    int code = -1;
+    RunGuarded([&] { code = CWinApp::ExitInstance(); }, [](LPCSTR) {});
+    return code;
 }
 
 CCriticalSection& ImportLock()

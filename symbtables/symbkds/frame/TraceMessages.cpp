@@ -15,7 +15,7 @@ CString FormatTraceMessage(const TraceMessage& message, std::initializer_list<CS
     return text;
 }
 
-CString HexText(HRESULT result)
+CString HexResult(HRESULT result)
 {
     CString text;
     text.Format("%X", static_cast<unsigned>(result));

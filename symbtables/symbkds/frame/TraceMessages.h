@@ -78,5 +78,5 @@ inline constexpr TraceMessage kRootTypeNotFound{"KorvaPro Exported Reader:Search
 CString FormatTraceMessage(const TraceMessage& message, std::initializer_list<CString> arguments);
 
 // A result or number as a message shows it: upper-case hexadecimal without leading zeros; signed decimal.
-CString HexText(HRESULT result);
+CString HexResult(HRESULT result);
 CString DecimalText(int number);

@@ -92,16 +92,14 @@ void CSymbXml::BrowseAllDFBInCMap(WalkSource* source)
         if (!list || FAILED(list->Count(&count)))
             return;
         const auto report = [this](HRESULT result) {
-            SendTrace(messages::kDFBParameterFailed, {sourcePath, HexText(result)});
+            SendTrace(messages::kDFBParameterFailed, {sourcePath, HexResult(result)});
         };
         ForEachItem(*list.Get(), count, [&](WalkElement& element) {
             reader.Read(element, report);
             types.DropDisplaced(); // nobody stands on a definition between two types
         });
     };
-    // The caller learns of a failure too and leaves out what follows.
-    RunGuarded(import, [this](LPCSTR text) {
-        ReportException(messages::kDFBImportException, text);
-        throw;
-    });
+    const auto report = [this](LPCSTR text) { ReportException(messages::kDFBImportException, text); };
+    if (const std::exception_ptr failure = RunGuarded(import, report))
+        std::rethrow_exception(failure); // the caller leaves out what follows
 }

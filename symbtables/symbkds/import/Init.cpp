@@ -34,7 +34,7 @@ LONG CSymbXml::Init(LPCSTR path, CTraceSink* sink, BOOL verboseFlag, LPCSTR dump
     CImportConnection connection;
     const auto report = [this](LPCSTR text) { ReportException(messages::kInitException, text); };
     bool refused = false;
-    if (!RunGuarded([&] { refused = !OpenExport(connection); }, report))
+    if (RunGuarded([&] { refused = !OpenExport(connection); }, report))
         connection.Release(); // nothing half-opened is imported
     if (refused)
         return -1;
@@ -62,7 +62,7 @@ bool CSymbXml::OpenExport(CImportConnection& connection)
     }
     result = connection.importSource->ImportFile();
     if (FAILED(result)) {
-        SendTrace(messages::kLoadFailed, {sourcePath, HexText(result)});
+        SendTrace(messages::kLoadFailed, {sourcePath, HexResult(result)});
         return false;
     }
     result = connection.component->QueryInterface(IID_WalkSource, connection.walkSource.PutVoid());
