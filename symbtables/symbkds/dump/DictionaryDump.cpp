@@ -8,6 +8,8 @@
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTDef.h"
 
+#include <span>
+
 namespace {
 
 void DumpVariable(const CSymbXMLItemDef& variable, CDumpLine& line)
@@ -21,6 +23,46 @@ void DumpVariable(const CSymbXMLItemDef& variable, CDumpLine& line)
     line.Hex(variable.accessRights).End();
 }
 
+// False when a definition could not be written.
+bool DumpTypes(const MAPOFDDTDEF::Definitions& definitions, CDumpLine& line)
+{
+    line.Text("ListType ").Hex(static_cast<std::uint32_t>(definitions.GetCount())).End();
+    for (const auto* pair = definitions.PGetFirstAssoc(); pair; pair = definitions.PGetNextAssoc(pair))
+        if (!pair->value->Dump(line))
+            return false;
+    return true;
+}
+
+void DumpVariables(const CSymbXml::Variables& variables, CDumpLine& line)
+{
+    line.Text("NbItem ").Hex(static_cast<std::uint32_t>(variables.GetCount())).Text(" ").End();
+    for (const auto* pair = variables.PGetFirstAssoc(); pair; pair = variables.PGetNextAssoc(pair))
+        DumpVariable(*pair->value, line);
+}
+
+// The lines in front of the dictionaries.
+struct DumpHeader
+{
+    const CString& name;
+    const CString& version;
+    const CString& description;
+    std::span<const std::uint32_t> identification;
+    const CString& contentVersion;
+    std::int32_t fileTime;
+
+    void Write(CDumpLine& line) const
+    {
+        line.Text("QUICK SAVE KDV V1.0 ").Text(name).Text(" ").LowerHex(GetTickCount()).End();
+        for (const CString& text : {name, version, description})
+            line.Text(text).Text(" ").End();
+        for (const std::uint32_t word : identification)
+            line.Text(" ").Hex(word);
+        line.End();
+        line.Text(contentVersion).Text(" ").End();
+        line.Hex(static_cast<std::uint32_t>(fileTime)).Text(" ").End();
+    }
+};
+
 } // namespace
 
 bool CSymbXml::DumpDictionaries()
@@ -33,37 +75,14 @@ bool CSymbXml::DumpDictionaries()
     if (!file.Create(path))
         return false;
     CDumpLine line(file);
-    const bool complete = WriteDump(line);
+    DumpHeader{headerName, headerVersion, description, projectIdentification, contentVersion, fileTime}.Write(line);
+    const bool complete = DumpTypes(types.GetDefinitions(), line);
+    if (complete) {
+        DumpVariables(variables, line);
+        line.Text("QUICK SAVE DICO V1.0 END OF FILE ").Hex(GetTickCount()).Text(" ").End();
+    }
     file.Close();
     if (!complete)
         DeleteFileA(path); // part of a dump is of no use
     return complete;
-}
-
-bool CSymbXml::WriteDump(CDumpLine& line) const
-{
-    DumpHeader(line);
-    const MAPOFDDTDEF::Definitions& definitions = types.GetDefinitions();
-    line.Text("ListType ").Hex(static_cast<std::uint32_t>(definitions.GetCount())).End();
-    for (const auto* pair = definitions.PGetFirstAssoc(); pair; pair = definitions.PGetNextAssoc(pair))
-        if (!pair->value->Dump(line))
-            return false;
-    line.Text("NbItem ").Hex(static_cast<std::uint32_t>(variables.GetCount())).Text(" ").End();
-    for (const auto* pair = variables.PGetFirstAssoc(); pair; pair = variables.PGetNextAssoc(pair))
-        DumpVariable(*pair->value, line);
-    line.Text("QUICK SAVE DICO V1.0 END OF FILE ").Hex(GetTickCount()).Text(" ").End();
-    return true;
-}
-
-void CSymbXml::DumpHeader(CDumpLine& line) const
-{
-    line.Text("QUICK SAVE KDV V1.0 ").Text(headerName).Text(" ").LowerHex(GetTickCount()).End();
-    line.Text(headerName).Text(" ").End();
-    line.Text(headerVersion).Text(" ").End();
-    line.Text(description).Text(" ").End();
-    for (const std::uint32_t word : projectIdentification)
-        line.Text(" ").Hex(word);
-    line.End();
-    line.Text(contentVersion).Text(" ").End();
-    line.Hex(static_cast<std::uint32_t>(fileTime)).Text(" ").End();
 }

@@ -31,7 +31,7 @@ void CSymbXml::ClearDictionaries()
     anonymousArrayCounter = 0;
 }
 
-void CSymbXml::SendTrace(const TraceMessage& message, std::initializer_list<CString> arguments)
+void CSymbXml::SendTrace(const TraceMessage& message, std::initializer_list<CString> arguments) const
 {
     if (traceSink && (verbose || !message.verboseOnly))
         traceSink->Trace(message.level, FormatTraceMessage(message, arguments));

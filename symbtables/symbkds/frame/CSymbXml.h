@@ -10,10 +10,7 @@
 
 #include <array>
 
-class CDumpLine;
-class CSymbKorvaAnalyser;
 struct CImportConnection;
-struct ResolvedSymbol;
 struct WalkElement;
 struct WalkSource;
 
@@ -85,9 +82,11 @@ public:
     // The variable of that name in any case; null when there is none.
     const CSymbXMLItemDef* FindVariable(const CString& name) const;
 
+    // Sends a message if there is a sink and the message is not for verbose only. The caller holds the lock.
+    void SendTrace(const TraceMessage& message, std::initializer_list<CString> arguments) const;
+    const CString& GetSourcePath() const { return sourcePath; }
+
 private:
-    // Sends a message if there is a sink and the message is not for verbose only.
-    void SendTrace(const TraceMessage& message, std::initializer_list<CString> arguments);
     // Reports an exception that ended a phase; null: it was no standard exception.
     void ReportException(const ExceptionMessages& phase, LPCSTR exceptionText);
 
@@ -102,16 +101,9 @@ private:
     void AddVariable(std::unique_ptr<CSymbXMLItemDef> variable);
     // Writes both dictionaries into the dump directory. False when the file cannot be created. Raises CFileException.
     bool DumpDictionaries();
-    // False when a definition could not be written.
-    bool WriteDump(CDumpLine& line) const;
-    void DumpHeader(CDumpLine& line) const;
 
     // What every lookup and listing does first. The caller holds the lock.
     void CheckForNewFile();
-
-    // The two roads of the lookup.
-    HRESULT ResolvePlainName(const CSymbKorvaAnalyser& path, const CString& nameAsAsked, ResolvedSymbol& symbol);
-    HRESULT ResolveCompoundPath(const CSymbKorvaAnalyser& path, ResolvedSymbol& symbol);
 
     void ClearDictionaries();
 

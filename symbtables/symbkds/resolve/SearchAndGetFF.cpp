@@ -59,6 +59,72 @@ void ExtractOwnBit(AddressDescriptor& descriptor, std::uint8_t bit)
     descriptor.size = kWordBytes;
 }
 
+HRESULT ResolvePlainName(const CSymbXml& table, const CSymbKorvaAnalyser& path, const CString& nameAsAsked,
+                         ResolvedSymbol& symbol)
+{
+    const CSymbKorvaAnalysedItem& step = path.GetItem(0);
+    const CSymbXMLItemDef* variable = table.FindVariable(step.name);
+    if (!variable) {
+        table.SendTrace(messages::kNameNotFound, {table.GetSourcePath(), nameAsAsked});
+        return CSymb::kLookupFailed;
+    }
+    if (!variable->IsLocated() || !variable->IsElementaryScalar() || !variable->IsBitOrWordType()) {
+        table.SendTrace(messages::kNotAnimable, {table.GetSourcePath()});
+        return CSymb::kLookupFailed;
+    }
+    AddressDescriptor& descriptor = symbol.descriptor;
+    descriptor = DescribeVariable(*variable);
+    descriptor.accessRight = variable->accessRights;
+    symbol.address = variable->topologicalAddress;
+    if (step.hasNumber) {
+        if (!ExtractAskedBit(descriptor, step))
+            return CSymb::kLookupFailed;
+        symbol.address += '.';
+        symbol.address += step.index;
+    } else if (variable->extractBit != CSymbXMLItemDef::kNoExtractBit) {
+        ExtractOwnBit(descriptor, variable->extractBit);
+    }
+    symbol.hasAddressProperty = true;
+    symbol.comment = variable->comment;
+    symbol.typeName = variable->GetDisplayTypeName();
+    symbol.customerString = variable->customerString;
+    return S_OK;
+}
+
+HRESULT ResolveCompoundPath(CSymbXml& table, const CSymbKorvaAnalyser& path, ResolvedSymbol& symbol)
+{
+    CString rootName;
+    path.GetItemName(0, rootName);
+    const CSymbXMLItemDef* variable = table.FindVariable(rootName);
+    if (!variable) {
+        table.SendTrace(messages::kRootNotFound, {table.GetSourcePath(), rootName});
+        return CSymb::kLookupFailed;
+    }
+    MAPOFDDTDEF& types = table.GetTypes();
+    CSymbXMLDDTDef* definition = nullptr;
+    if (!types.FindTypeDef(variable->typeName, definition)) {
+        table.SendTrace(messages::kRootTypeNotFound, {variable->typeName});
+        return CSymb::kLookupFailed;
+    }
+    AddressDescriptor& descriptor = symbol.descriptor;
+    descriptor = DescribeVariable(*variable);
+    if (!definition->ResolvePath(&types, path, 1, true, descriptor, symbol.typeName, symbol.comment, symbol.address))
+        return E_INVALIDARG;
+    if (path.GetLastItem().hasNumber && !ExtractAskedBit(descriptor, path.GetLastItem()))
+        return CSymb::kLookupFailed;
+    descriptor.accessRight =
+        descriptor.indirection >= AddressDescriptor::kByReference ? DWORD{1} : DWORD{variable->accessRights};
+    symbol.customerString = variable->customerString;
+    if (symbol.address.IsEmpty())
+        table.FormatMemoryAddress(static_cast<std::int32_t>(descriptor.indirection), descriptor.block,
+                                  descriptor.offset, descriptor.bit, static_cast<std::int32_t>(descriptor.size),
+                                  descriptor.typeCode, symbol.address);
+    // The text of a value without an address of its own is not for the host.
+    if (!symbol.address.View().starts_with('%'))
+        symbol.address.Empty();
+    return S_OK;
+}
+
 } // namespace
 
 HRESULT CSymbXml::SearchAndGetFF(DWORD selector, LPCSTR name, CString& address, CString& comment,
@@ -81,8 +147,8 @@ HRESULT CSymbXml::SearchAndGetFF(DWORD selector, LPCSTR name, CString& address, 
             return kLookupFailed;
         }
         ResolvedSymbol symbol;
-        const HRESULT result =
-            path.GetLastIndex() == 0 ? ResolvePlainName(path, nameAsAsked, symbol) : ResolveCompoundPath(path, symbol);
+        const HRESULT result = path.GetLastIndex() == 0 ? ResolvePlainName(*this, path, nameAsAsked, symbol)
+                                                        : ResolveCompoundPath(*this, path, symbol);
         if (result != S_OK)
             return result;
         symbol.descriptor.consistencySum = projectIdentification[3] + projectIdentification[4];
@@ -94,68 +160,4 @@ HRESULT CSymbXml::SearchAndGetFF(DWORD selector, LPCSTR name, CString& address, 
         *descriptor = records.descriptor.release();
         return S_OK;
     });
-}
-
-HRESULT CSymbXml::ResolvePlainName(const CSymbKorvaAnalyser& path, const CString& nameAsAsked, ResolvedSymbol& symbol)
-{
-    const CSymbKorvaAnalysedItem& step = path.GetItem(0);
-    const CSymbXMLItemDef* variable = FindVariable(step.name);
-    if (!variable) {
-        SendTrace(messages::kNameNotFound, {sourcePath, nameAsAsked});
-        return kLookupFailed;
-    }
-    if (!variable->IsLocated() || !variable->IsElementaryScalar() || !variable->IsBitOrWordType()) {
-        SendTrace(messages::kNotAnimable, {sourcePath});
-        return kLookupFailed;
-    }
-    AddressDescriptor& descriptor = symbol.descriptor;
-    descriptor = DescribeVariable(*variable);
-    descriptor.accessRight = variable->accessRights;
-    symbol.address = variable->topologicalAddress;
-    if (step.hasNumber) {
-        if (!ExtractAskedBit(descriptor, step))
-            return kLookupFailed;
-        symbol.address += '.';
-        symbol.address += step.index;
-    } else if (variable->extractBit != CSymbXMLItemDef::kNoExtractBit) {
-        ExtractOwnBit(descriptor, variable->extractBit);
-    }
-    symbol.hasAddressProperty = true;
-    symbol.comment = variable->comment;
-    symbol.typeName = variable->GetDisplayTypeName();
-    symbol.customerString = variable->customerString;
-    return S_OK;
-}
-
-HRESULT CSymbXml::ResolveCompoundPath(const CSymbKorvaAnalyser& path, ResolvedSymbol& symbol)
-{
-    CString rootName;
-    path.GetItemName(0, rootName);
-    const CSymbXMLItemDef* variable = FindVariable(rootName);
-    if (!variable) {
-        SendTrace(messages::kRootNotFound, {sourcePath, rootName});
-        return kLookupFailed;
-    }
-    CSymbXMLDDTDef* definition = nullptr;
-    if (!types.FindTypeDef(variable->typeName, definition)) {
-        SendTrace(messages::kRootTypeNotFound, {variable->typeName});
-        return kLookupFailed;
-    }
-    AddressDescriptor& descriptor = symbol.descriptor;
-    descriptor = DescribeVariable(*variable);
-    if (!definition->ResolvePath(&types, path, 1, true, descriptor, symbol.typeName, symbol.comment, symbol.address))
-        return E_INVALIDARG;
-    if (path.GetLastItem().hasNumber && !ExtractAskedBit(descriptor, path.GetLastItem()))
-        return kLookupFailed;
-    descriptor.accessRight =
-        descriptor.indirection >= AddressDescriptor::kByReference ? DWORD{1} : DWORD{variable->accessRights};
-    symbol.customerString = variable->customerString;
-    if (symbol.address.IsEmpty())
-        FormatMemoryAddress(static_cast<std::int32_t>(descriptor.indirection), descriptor.block, descriptor.offset,
-                            descriptor.bit, static_cast<std::int32_t>(descriptor.size), descriptor.typeCode,
-                            symbol.address);
-    // The text of a value without an address of its own is not for the host.
-    if (!symbol.address.View().starts_with('%'))
-        symbol.address.Empty();
-    return S_OK;
 }
