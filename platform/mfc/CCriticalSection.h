@@ -2,16 +2,18 @@
 
 #include "platform/win32/CriticalSection.h"
 
-// A re-entrant lock; taken and released through CSingleLock.
+// A re-entrant lock; taken and released through CSingleLock. A thread takes locks in the order of their ranks.
 class CCriticalSection
 {
 public:
-    CCriticalSection() { InitializeCriticalSection(&section); }
+    explicit CCriticalSection(int lockRank) : rank(lockRank) { InitializeCriticalSection(&section); }
     CCriticalSection(const CCriticalSection&) = delete;
     CCriticalSection& operator=(const CCriticalSection&) = delete;
     ~CCriticalSection() { DeleteCriticalSection(&section); }
 
 private:
     friend class CSingleLock;
+
+    const int rank;
     CRITICAL_SECTION section;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/mfc/CCriticalSection.h"
+#include "platform/mfc/LockOrder.h"
 
 // Holds a CCriticalSection for its own lifetime.
 class CSingleLock
@@ -16,12 +17,15 @@ public:
     CSingleLock& operator=(const CSingleLock&) = delete;
     ~CSingleLock()
     {
-        if (locked)
-            LeaveCriticalSection(&lock->section);
+        if (!locked)
+            return;
+        NoteLockLeft();
+        LeaveCriticalSection(&lock->section);
     }
 
     void Lock()
     {
+        NoteLockTaken(lock, lock->rank);
         EnterCriticalSection(&lock->section);
         locked = true;
     }

@@ -1,6 +1,7 @@
 #include "platform/mfc/CSingleLock.h"
 #include "platform/mfc/CWinApp.h"
 #include "platform/mfc/Exceptions.h"
+#include "platform/mfc/LockOrder.h"
 #include "platform/win32/Clock.h"
 #include "platform/win32/Library.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 TEST(CriticalSection, ReentersExcludesAndIsLeftByExceptions)
 {
-    CCriticalSection lock;
+    CCriticalSection lock(1);
     int counter = 0; // guarded by `lock`
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i)
@@ -36,6 +37,18 @@ TEST(CriticalSection, ReentersExcludesAndIsLeftByExceptions)
         thread.join();
     EXPECT_EQ(counter, 4000);
 }
+
+#if !defined(NDEBUG) && !defined(_WIN32)
+TEST(CriticalSection, TheWrongOrderEndsADebugBuild)
+{
+    CCriticalSection lower(1), equal(1), higher(2);
+    const CSingleLock first(&lower, TRUE), second(&higher, TRUE), again(&lower, TRUE); // the right one
+    EXPECT_DEATH(CSingleLock(&equal, TRUE), "wrong order");
+    const CForeignCall call; // whose locks are its own affair
+    const CSingleLock foreign(&equal, TRUE);
+    EXPECT_DEATH(CSingleLock(&lower, TRUE), "wrong order");
+}
+#endif
 
 TEST(Library, WhatIsMissing)
 {

@@ -1,6 +1,7 @@
 #include "symbkds/frame/CSymbXml.h"
 
 #include "platform/mfc/CSingleLock.h"
+#include "platform/mfc/LockOrder.h"
 #include "symbkds/frame/PluginExports.h"
 #include "symbkds/model/UpperCase.h"
 
@@ -33,8 +34,11 @@ void CSymbXml::ClearDictionaries()
 
 void CSymbXml::SendTrace(const TraceMessage& message, std::initializer_list<CString> arguments) const
 {
-    if (traceSink && (verbose || !message.verboseOnly))
-        traceSink->Trace(message.level, FormatTraceMessage(message, arguments));
+    if (!traceSink || (message.verboseOnly && !verbose))
+        return;
+    const CString text = FormatTraceMessage(message, arguments);
+    const CForeignCall call; // a sink may ask another symbol table
+    traceSink->Trace(message.level, text);
 }
 
 void CSymbXml::ReportException(const ExceptionMessages& phase, LPCSTR exceptionText)

@@ -3,6 +3,7 @@
 #include "platform/mfc/CCriticalSection.h"
 #include "platform/mfc/CMap.h"
 #include "symb/CSymb.h"
+#include "symbkds/frame/LockRanks.h"
 #include "symbkds/frame/TraceMessages.h"
 #include "symbkds/model/CSymbXMLItemDef.h"
 #include "symbkds/model/MAPOFDDTDEF.h"
@@ -109,7 +110,7 @@ private:
 
     CString sourcePath;
     CString dumpDirectory;
-    CCriticalSection lock; // taken before ImportLock()
+    CCriticalSection lock{kSymbolTableLockRank};
     CString headerName;
     CString headerVersion;
     CString description;

@@ -2,11 +2,12 @@
 #include "platform/mfc/CCriticalSection.h"
 #include "symbkds/frame/CSymbXmlApp.h"
 #include "symbkds/frame/Guard.h"
+#include "symbkds/frame/LockRanks.h"
 
 namespace {
 
 // Constructed in this order, destroyed in the reverse one.
-CCriticalSection importLock;
+CCriticalSection importLock(kImportLockRank);
 CSymbXmlApp application;
 AFX_MODULE_STATE moduleState(application);
 
