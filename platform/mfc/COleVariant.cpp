@@ -1,6 +1,6 @@
 #include "platform/mfc/COleVariant.h"
 
-#include "platform/mfc/CBstr.h"
+#include "platform/mfc/Conversion.h"
 #include "platform/mfc/Exceptions.h"
 
 COleVariant::COleVariant(LONG value) noexcept : COleVariant()
@@ -11,12 +11,10 @@ COleVariant::COleVariant(LONG value) noexcept : COleVariant()
 
 COleVariant::COleVariant(LPCSTR text, UINT codePage) : COleVariant()
 {
-    try {
-        bstrVal = text ? CBstr::FromNarrow(text, codePage).Detach() : nullptr;
-        vt = VT_BSTR;
-    } catch (const COleException&) {
+    bstrVal = text ? MakeBstr(text, codePage) : nullptr;
+    if (text && !bstrVal)
         AfxThrowMemoryException();
-    }
+    vt = VT_BSTR;
 }
 
 VARIANT COleVariant::Detach() noexcept

@@ -1,5 +1,6 @@
 #include "platform/mfc/CString.h"
 
+#include "platform/mfc/Conversion.h"
 #include "platform/mfc/Exceptions.h"
 #include "platform/win32/CodePage.h"
 
@@ -46,14 +47,12 @@ CString::CString(LPCSTR text, int length)
 
 CString::CString(LPCWSTR text)
 {
-    if (!text || !*text)
-        return;
-    const int bytes = WideCharToMultiByte(CP_ACP, 0, text, -1, nullptr, 0, nullptr, nullptr);
-    if (bytes == 0)
+    try {
+        if (text)
+            Assign(Narrow(text, CP_ACP));
+    } catch (const std::bad_alloc&) {
         AfxThrowMemoryException();
-    chars = NewBuffer(bytes - 1);
-    WideCharToMultiByte(CP_ACP, 0, text, -1, chars, bytes, nullptr, nullptr);
-    SetLength(bytes - 1);
+    }
 }
 
 CString& CString::operator=(LPCSTR text)

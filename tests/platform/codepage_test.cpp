@@ -1,5 +1,5 @@
+#include "platform/mfc/Conversion.h"
 #include "platform/win32/CodePage.h"
-#include "support/HostView.h"
 
 #include <gtest/gtest.h>
 
@@ -8,15 +8,6 @@
 namespace {
 
 using WideText = std::basic_string<WCHAR>;
-
-WideText Widen(const std::string& narrow)
-{
-    const int length = static_cast<int>(narrow.size());
-    const int units = MultiByteToWideChar(CP_UTF8, 0, narrow.data(), length, nullptr, 0);
-    WideText wide(static_cast<std::size_t>(units), u'?');
-    EXPECT_EQ(MultiByteToWideChar(CP_UTF8, 0, narrow.data(), length, wide.data(), units), units);
-    return wide;
-}
 
 struct PairCase
 {
@@ -33,8 +24,8 @@ TEST(CodePage, WellFormedTextGoesBothWays)
         {"\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF", OLESTR("\u0800\uD7FF\uE000\uFFFF")},
         {"12345678\xF0\x90\x80\x80xyz\xF4\x8F\xBF\xBF", OLESTR("12345678\U00010000xyz\U0010FFFF")}};
     for (const PairCase& row : cases) {
-        EXPECT_EQ(Widen(row.narrow), row.wide) << row.narrow;
-        EXPECT_EQ(Narrow(row.wide), row.narrow);
+        EXPECT_EQ(Widen(row.narrow, CP_UTF8), row.wide) << row.narrow;
+        EXPECT_EQ(Narrow(row.wide, CP_UTF8), row.narrow);
     }
 }
 
@@ -55,7 +46,17 @@ TEST(CodePage, IllFormedBytesBecomeReplacements)
         {"long ascii run \xFF and on", OLESTR("long ascii run \uFFFD and on")},
     };
     for (const PairCase& row : cases)
-        EXPECT_EQ(Widen(row.narrow), row.wide) << testing::PrintToString(row.narrow);
+        EXPECT_EQ(Widen(row.narrow, CP_UTF8), row.wide) << testing::PrintToString(row.narrow);
+    EXPECT_EQ(Narrow(OLESTR("\xD800\xE000"), CP_UTF8), "\xEF\xBF\xBD\xEE\x80\x80"); // half a pair
+    for (std::size_t at = 0; at < 16; ++at) { // ASCII is looked through several units at once
+        std::string narrow(16, 'a');
+        narrow[at] = '\xE4';
+        WideText wide(16, 'a');
+        wide[at] = 0xFFFD;
+        EXPECT_EQ(Widen(narrow, CP_UTF8), wide) << at;
+        wide[at] = 0xE4;
+        EXPECT_EQ(Narrow(wide, CP_UTF8), narrow.replace(at, 1, "\xC3\xA4")) << at;
+    }
 }
 
 TEST(CodePage, LengthsAndRoom)

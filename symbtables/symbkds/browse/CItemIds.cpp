@@ -1,27 +1,15 @@
 #include "symbkds/browse/CItemIds.h"
 
+#include "platform/mfc/Conversion.h"
 #include "platform/win32/CodePage.h"
 #include "symbkds/model/WideToUtf8.h"
 
 #include <algorithm>
 
-namespace {
-
-// UTF-16 of a text that is not empty.
-std::basic_string<WCHAR> Widen(const CString& text)
-{
-    const int bytes = text.GetLength();
-    std::basic_string<WCHAR> wide(static_cast<std::size_t>(bytes), 0);
-    wide.resize(static_cast<std::size_t>(MultiByteToWideChar(CP_THREAD_ACP, 0, text, bytes, wide.data(), bytes)));
-    return wide;
-}
-
-} // namespace
-
 CItemIds CItemIds::Joined(LPCWSTR parentId, LPCSTR separator)
 {
     CItemIds made;
-    made.head = Widen(WideToUtf8(parentId) + separator);
+    made.head = Widen((WideToUtf8(parentId) + separator).View(), CP_THREAD_ACP);
     return made;
 }
 
@@ -35,8 +23,9 @@ CItemIds CItemIds::OfElements(LPCWSTR parentId, const CString& path, const CStri
         component.GetLength() < entryHead.GetLength() && entryHead.View().starts_with(component.View());
     const int repeated = repeatsComponent ? component.GetLength() : prefix.GetLength();
     CItemIds made;
-    made.head = Widen(WideToUtf8(parentId) + entryHead.Mid(repeated, 1));
-    made.repeatedUnits = Widen(entryHead.Left(repeated + 1)).size();
+    made.head = Widen((WideToUtf8(parentId) + entryHead.Mid(repeated, 1)).View(), CP_THREAD_ACP);
+    made.repeatedUnits =
+        Widen(entryHead.View().substr(0, static_cast<std::size_t>(repeated) + 1), CP_THREAD_ACP).size();
     return made;
 }
 
