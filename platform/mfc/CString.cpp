@@ -2,6 +2,7 @@
 
 #include "platform/mfc/Conversion.h"
 #include "platform/mfc/Exceptions.h"
+#include "platform/mfc/UpperCase.h"
 #include "platform/win32/CodePage.h"
 
 #include <algorithm>
@@ -13,11 +14,6 @@
 #include <new>
 
 namespace {
-
-char Upper(char c)
-{
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
 
 // The length of two texts together.
 int JoinedLength(std::size_t left, std::size_t right)

@@ -6,7 +6,7 @@
 #include "symbkds/browse/EntryText.h"
 #include "symbkds/browse/Selection.h"
 #include "symbkds/model/CSymbXMLDDTDef.h"
-#include "symbkds/model/UpperCase.h"
+#include "symbkds/model/CUpperName.h"
 
 void CVariableListing::AsTexts(CStringArray& names) const
 {

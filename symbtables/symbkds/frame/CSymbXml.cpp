@@ -3,7 +3,7 @@
 #include "platform/mfc/CSingleLock.h"
 #include "platform/mfc/LockOrder.h"
 #include "symbkds/frame/PluginExports.h"
-#include "symbkds/model/UpperCase.h"
+#include "symbkds/model/CUpperName.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include "platform/mfc/COleVariant.h"
 #include "platform/win32/CodePage.h"
+#include "symbkds/model/CUpperName.h"
 #include "symbkds/model/TextNumber.h"
 #include "symbkds/model/TypeCodes.h"
-#include "symbkds/model/UpperCase.h"
 
 #include <algorithm>
 

@@ -2,8 +2,8 @@
 // and the symbol table, which numbers the generated names.
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTArrayDef.h"
+#include "symbkds/model/CUpperName.h"
 #include "symbkds/model/MAPOFDDTDEF.h"
-#include "symbkds/model/UpperCase.h"
 
 namespace {
 

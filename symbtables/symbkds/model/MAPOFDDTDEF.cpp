@@ -1,7 +1,7 @@
 #include "symbkds/model/MAPOFDDTDEF.h"
 
 #include "symbkds/model/CSymbXMLDDTDef.h"
-#include "symbkds/model/UpperCase.h"
+#include "symbkds/model/CUpperName.h"
 
 namespace {
 

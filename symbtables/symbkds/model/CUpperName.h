@@ -1,16 +1,12 @@
-// Names are found in any case: ASCII letters are taken as upper case, bytes above 0x7F stay.
 #pragma once
 
 #include "platform/mfc/CString.h"
+#include "platform/mfc/UpperCase.h"
 
 #include <algorithm>
 
-constexpr char Upper(char c)
-{
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-// The upper-case form of a name, as a key to look up, without an allocation unless the name is unusually long.
+// Names are found in any case. The upper-case form of a name, as a key to look up, without an allocation unless the
+// name is unusually long.
 class CUpperName
 {
 public:
