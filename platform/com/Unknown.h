@@ -23,7 +23,6 @@ static_assert(sizeof(GUID) == 16);
 
 using IID = GUID;
 using CLSID = GUID;
-using REFGUID = const GUID&;
 using REFIID = const IID&;
 using REFCLSID = const CLSID&;
 

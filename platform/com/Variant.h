@@ -33,14 +33,11 @@ struct VARIANT
     union
     {
         LONG lVal;       // VT_I4
-        double dblVal;   // VT_R8
         BSTR bstrVal;    // VT_BSTR, owned
         void* record[2]; // gives the union the width it has on Windows
     };
 };
 static_assert(sizeof(void*) != 8 || sizeof(VARIANT) == 24);
-
-using VARIANTARG = VARIANT;
 
 inline void VariantInit(VARIANT* value)
 {

@@ -37,7 +37,6 @@
 
 using BYTE = std::uint8_t;
 using WORD = std::uint16_t;
-using USHORT = std::uint16_t;
 using DWORD = std::uint32_t;
 using UINT = std::uint32_t;
 using ULONG = std::uint32_t;
@@ -51,8 +50,6 @@ using LPSTR = char*;
 using LPCSTR = const char*;
 using LPWSTR = WCHAR*;
 using LPCWSTR = const WCHAR*;
-using LPOLESTR = OLECHAR*;
-using LPCOLESTR = const OLECHAR*;
 using HANDLE = void*;
 
 constexpr BOOL TRUE = 1;
@@ -75,13 +72,12 @@ constexpr DWORD ERROR_ACCESS_DENIED = 5;
 constexpr DWORD ERROR_NOT_ENOUGH_MEMORY = 8;
 constexpr DWORD ERROR_INVALID_DATA = 13;
 constexpr DWORD ERROR_OUTOFMEMORY = 14;
-constexpr DWORD ERROR_SHARING_VIOLATION = 32;
-constexpr DWORD ERROR_DISK_FULL = 112;
-constexpr DWORD ERROR_INVALID_NAME = 123;
-constexpr DWORD ERROR_NO_UNICODE_TRANSLATION = 1113;
-constexpr DWORD ERROR_INSUFFICIENT_BUFFER = 122;
-constexpr DWORD ERROR_INVALID_PARAMETER = 87;
 constexpr DWORD ERROR_GEN_FAILURE = 31;
+constexpr DWORD ERROR_SHARING_VIOLATION = 32;
+constexpr DWORD ERROR_INVALID_PARAMETER = 87;
+constexpr DWORD ERROR_DISK_FULL = 112;
+constexpr DWORD ERROR_INSUFFICIENT_BUFFER = 122;
+constexpr DWORD ERROR_INVALID_NAME = 123;
 constexpr DWORD ERROR_MOD_NOT_FOUND = 126;
 constexpr DWORD ERROR_PROC_NOT_FOUND = 127;
 

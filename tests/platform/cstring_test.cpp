@@ -66,8 +66,7 @@ TEST(CString, CopiesShareUntilOneChanges)
     CString upper(assigned);
     upper.MakeUpper().Replace('!', '?');
     EXPECT_EQ(Address(upper), Address(assigned)); // nothing to change, nothing copied
-    upper.GetBuffer(0)[0] = 's';
-    upper.ReleaseBuffer();
+    EXPECT_EQ(upper.Replace('S', 's'), 1);
     ExpectText(upper, "sHARED TEXT");
     ExpectText(assigned, "SHARED TEXT");
 
@@ -134,23 +133,6 @@ TEST(CString, FormatOfAnyLength)
     text.Format("%s", "");
     text.AppendFormat("%X|%s", 0xAB12U, "x");
     ExpectText(text, "AB12|x");
-}
-
-TEST(CString, BufferOfTheCallers)
-{
-    CString text;
-    LPSTR buffer = text.GetBuffer(10);
-    EXPECT_EQ(buffer[0], '\0');
-    std::copy_n("0123456789", 11, buffer);
-    text.ReleaseBuffer();
-    ExpectText(text, "0123456789");
-    EXPECT_STREQ(text.GetBuffer(3), "0123456789"); // never less room than the text has
-    text.ReleaseBuffer(4);
-    ExpectText(text, "0123");
-    text.GetBuffer(100);
-    text.ReleaseBuffer(0);
-    text.ReleaseBuffer();
-    ExpectText(text, "");
 }
 
 TEST(CString, GrowsInFewSteps)
