@@ -16,7 +16,8 @@ public:
     CBstr(CBstr&& other) noexcept : held(std::exchange(other.held, nullptr)) {}
     CBstr& operator=(CBstr&& other) noexcept
     {
-        std::swap(held, other.held);
+        CBstr taken(std::move(other)); // frees the text held before
+        std::swap(held, taken.held);
         return *this;
     }
     ~CBstr() { SysFreeString(held); }

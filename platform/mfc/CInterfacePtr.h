@@ -16,12 +16,20 @@ public:
         if (held)
             held->AddRef();
     }
+    // Takes over the reference that a new object begins with.
+    static CInterfacePtr Adopt(Interface* owned) noexcept
+    {
+        CInterfacePtr holder;
+        holder.held = owned;
+        return holder;
+    }
     CInterfacePtr(const CInterfacePtr&) = delete;
     CInterfacePtr& operator=(const CInterfacePtr&) = delete;
     CInterfacePtr(CInterfacePtr&& other) noexcept : held(std::exchange(other.held, nullptr)) {}
     CInterfacePtr& operator=(CInterfacePtr&& other) noexcept
     {
-        std::swap(held, other.held);
+        CInterfacePtr taken(std::move(other)); // gives back the reference held before
+        std::swap(held, taken.held);
         return *this;
     }
     ~CInterfacePtr() { Release(); }

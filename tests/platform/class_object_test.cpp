@@ -90,6 +90,10 @@ TEST_F(ClassObject, NewestRegistrationWins)
     CInterfacePtr<IUnknown> object;
     ASSERT_EQ(Create(kClass, object.Put()), S_OK);
     EXPECT_EQ(object.Get(), &newer);
+    newer.AddRef();
+    auto adopted = CInterfacePtr<IUnknown>::Adopt(&newer);
+    object = std::move(adopted); // gives the reference back that it held
+    EXPECT_EQ(newer.references, 2);
     object.Release();
     EXPECT_EQ(CoRevokeClassObject(newCookie), S_OK);
     EXPECT_EQ(newer.references, 0);

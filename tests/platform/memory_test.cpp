@@ -58,6 +58,7 @@ TEST(Bstr, HolderOwnsOneText)
     EXPECT_EQ(text.Get(), nullptr);
     *text.Put() = SysAllocString(OLESTR("x"));
     moved = std::move(text);
+    EXPECT_EQ(text.Get(), nullptr); // nor does it keep the one that `moved` had
     EXPECT_EQ(WideText(moved.Get()), OLESTR("x"));
     *moved.Put() = SysAllocString(OLESTR("y")); // frees the one before
     SysFreeString(moved.Detach());
