@@ -3,9 +3,9 @@
 #include "symb/AddressDescriptor.h"
 #include "symb/PropertyEntry.h"
 
+#include "platform/mfc/CHeapFree.h"
 #include "platform/mfc/CString.h"
 
-#include <cstdlib>
 #include <memory>
 
 // What the lookup found out about a symbol, before it is handed to the host.
@@ -17,11 +17,6 @@ struct ResolvedSymbol
     CString address;
     CString comment;
     bool hasAddressProperty = false; // the address is a property too
-};
-
-struct CHeapFree
-{
-    void operator()(AddressDescriptor* record) const { std::free(record); }
 };
 
 // The records a host is given; owned here until they are released to it.
