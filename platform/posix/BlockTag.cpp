@@ -16,9 +16,9 @@ volatile BlockTag* TagOf(void* callersBlock)
 const char* WhatCarries(BlockTag tag)
 {
     switch (tag) {
-    case BlockTag::kTask:
+    case BlockTag::Task:
         return "a block of the task allocator";
-    case BlockTag::kText:
+    case BlockTag::Text:
         return "a BSTR";
     default:
         return "no block of this kind, or one that was freed before";
@@ -39,7 +39,7 @@ void CheckAndClearBlockTag(void* callersBlock, BlockTag tag, const char* freeing
         std::fprintf(stderr, "%s: %p is %s\n", freeing, callersBlock, WhatCarries(found));
         std::abort();
     }
-    *TagOf(callersBlock) = BlockTag::kFreed;
+    *TagOf(callersBlock) = BlockTag::Freed;
 }
 
 #endif

@@ -8,9 +8,9 @@
 // The four bytes eight bytes in front of what the caller holds, in blocks of every allocator.
 enum class BlockTag : std::uint32_t
 {
-    kFreed = 0x44454546,
-    kTask = 0x4B534154,
-    kText = 0x52545342
+    Freed = 0x44454546,
+    Task = 0x4B534154,
+    Text = 0x52545342
 };
 
 #ifndef NDEBUG

@@ -53,7 +53,7 @@ BSTR SysAllocStringLen(const OLECHAR* text, UINT units)
         std::memcpy(copy, text, textBytes);
     copy[units] = 0;
 #ifndef NDEBUG
-    PutBlockTag(copy, BlockTag::kText);
+    PutBlockTag(copy, BlockTag::Text);
 #endif
     return copy;
 }
@@ -63,7 +63,7 @@ void SysFreeString(BSTR text)
     if (!text)
         return;
 #ifndef NDEBUG
-    CheckAndClearBlockTag(text, BlockTag::kText, "SysFreeString");
+    CheckAndClearBlockTag(text, BlockTag::Text, "SysFreeString");
 #endif
     std::free(HeaderOf(text));
 }

@@ -20,7 +20,7 @@ void* BeginFreeing(void* block, [[maybe_unused]] const char* freeing)
     if (!block)
         return nullptr;
 #ifndef NDEBUG
-    CheckAndClearBlockTag(block, BlockTag::kTask, freeing);
+    CheckAndClearBlockTag(block, BlockTag::Task, freeing);
 #endif
     return static_cast<char*>(block) - kHeaderBytes;
 }
@@ -29,7 +29,7 @@ void* CallersBlock(void* start)
 {
     void* const block = static_cast<char*>(start) + kHeaderBytes;
 #ifndef NDEBUG
-    PutBlockTag(block, BlockTag::kTask);
+    PutBlockTag(block, BlockTag::Task);
 #endif
     return block;
 }
