@@ -3,10 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <stdexcept>
 #include <thread>
-#include <vector>
 
 namespace {
 
@@ -32,7 +30,7 @@ public:
     HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return E_NOTIMPL; }
 
     bool isFactory = true;
-    std::atomic<int> references = 0;
+    int references = 0;
 };
 
 constexpr CLSID kClass = {0x11111111, 0x2222, 0x3333, {1, 2, 3, 4, 5, 6, 7, 8}};
@@ -149,24 +147,6 @@ TEST_F(ClassObject, MayCallBackAndThrow)
     EXPECT_THROW(Create(kClass, object.Put()), std::runtime_error);
     EXPECT_EQ(revoking.references, 0);
     EXPECT_EQ(Create(kClass, object.Put()), REGDB_E_CLASSNOTREG);
-}
-
-TEST_F(ClassObject, ThreadsCreateWhileOthersRegister)
-{
-    const DWORD cookie = Register(&factory);
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
-        threads.emplace_back([this, registers = i % 2 == 0] {
-            for (int round = 0; round < 200; ++round) {
-                const DWORD own = registers ? Register(&factory) : 0;
-                CInterfacePtr<IUnknown> object;
-                EXPECT_EQ(Create(kClass, object.Put()), S_OK);
-                EXPECT_EQ(CoRevokeClassObject(own), registers ? S_OK : CO_E_OBJNOTREG);
-            }
-        });
-    for (std::thread& thread : threads)
-        thread.join();
-    EXPECT_EQ(CoRevokeClassObject(cookie), S_OK);
 }
 
 } // namespace

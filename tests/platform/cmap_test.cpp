@@ -1,4 +1,3 @@
-#include "platform/mfc/CArray.h"
 #include "platform/mfc/CMap.h"
 
 #include <gmock/gmock.h>
@@ -160,21 +159,6 @@ TEST(HashKeyDeathTest, DiffersInEveryProcess)
     const auto told = [] { return "hash " + std::to_string(HashKey("MOTOR1")) + "."; };
     const auto tell = [&told] { std::exit((std::fputs(told().c_str(), stderr), 0)); };
     EXPECT_EXIT(tell(), testing::ExitedWithCode(0), testing::AllOf(testing::StartsWith("hash "), testing::Not(told())));
-}
-
-TEST(CArray, GrowsAndTakesItsOwnItems)
-{
-    CStringArray names;
-    EXPECT_EQ(names.Add("first"), 0);
-    for (int i = 1; i < 100; ++i)
-        EXPECT_EQ(names.Add(names[0]), i);
-    EXPECT_EQ(names.GetAt(99), "first");
-    names.SetAt(1, "second");
-    names.Truncate(2);
-    EXPECT_EQ(names.GetSize(), 2);
-    EXPECT_EQ(names[1], "second");
-    names.RemoveAll();
-    EXPECT_TRUE(names.IsEmpty());
 }
 
 } // namespace

@@ -4,7 +4,6 @@
 
 #include <climits>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace {
@@ -147,26 +146,6 @@ TEST(CString, GrowsInFewSteps)
     EXPECT_EQ(text.GetLength(), 100000);
     EXPECT_EQ(text.Mid(99997), "bcd"); // 99996 is a multiple of 26
     EXPECT_LT(moves, 100);
-}
-
-TEST(CString, CopiesLiveOnDifferentThreads)
-{
-    const CString shared("one text for all");
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
-        threads.emplace_back([copy = shared]() mutable {
-            for (int round = 0; round < 1000; ++round) {
-                CString other(copy);
-                other += "!";
-                CString third;
-                third = copy;
-                EXPECT_EQ(third.GetLength() + 1, other.GetLength());
-            }
-            copy.MakeUpper();
-        });
-    for (std::thread& thread : threads)
-        thread.join();
-    ExpectText(shared, "one text for all");
 }
 
 } // namespace

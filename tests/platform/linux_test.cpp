@@ -3,8 +3,6 @@
 #include "korvaproservices/KorvaProServices.h"
 #include "platform/com/ClassObject.h"
 #include "platform/mfc/CInterfacePtr.h"
-#include "platform/mfc/CStdioFile.h"
-#include "platform/mfc/Exceptions.h"
 #include "platform/win32/File.h"
 #include "platform/win32/FileStat.h"
 #include "support/TemporaryFolder.h"
@@ -49,25 +47,6 @@ TEST(LinuxFile, PipesSocketsAndDevicesDoNotBlock)
     EXPECT_EQ(GetFileType(device), FILE_TYPE_CHAR);
     CloseHandle(device);
     EXPECT_EQ(GetFileType(device), FILE_TYPE_UNKNOWN);
-}
-
-TEST(LinuxFile, FullDiskRaisesAFileException)
-{
-    CStdioFile file;
-    for (const std::size_t size : {1U, 100000U}) { // what is collected is refused when the file is closed
-        ASSERT_TRUE(file.Create("/dev/full"));
-        try {
-            file.Write(std::string(size, 'x'));
-            file.Close();
-            ADD_FAILURE() << size;
-        } catch (const CFileException& failure) {
-            EXPECT_EQ(failure.error, ERROR_DISK_FULL);
-        }
-        file.Close(); // after a line that was refused
-    }
-    CStdioFile abandoned;
-    ASSERT_TRUE(abandoned.Create("/dev/full"));
-    abandoned.Write("lost");
 }
 
 TEST(LinuxFile, WritingStopsAtTheSizeLimit)

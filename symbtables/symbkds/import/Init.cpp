@@ -9,8 +9,6 @@
 #include "symbkds/import/CImportConnection.h"
 #include "symbkds/model/CSymbXMLDDTDef.h"
 
-#include <utility>
-
 namespace {
 
 // Hosts show this text, so the spelling stays.
