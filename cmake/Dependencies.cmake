@@ -16,7 +16,7 @@ endif()
 
 # Where this machine's header-only libraries lie; the folder as a whole would bring in its system headers.
 set(SYMBKDS_HEADERS "/usr/include" CACHE PATH "Folder with the headers of CLI11 and nlohmann-json")
-set(SYMBKDS_PUGIXML "${CMAKE_SOURCE_DIR}/.cache/windows/pugixml" CACHE PATH "Source folder of pugixml")
+set(SYMBKDS_PUGIXML "${CMAKE_SOURCE_DIR}/.cache/pugixml" CACHE PATH "Source folder of pugixml")
 set(SYMBKDS_GOOGLETEST "/usr/src/googletest" CACHE PATH "Source folder of GoogleTest")
 
 function(add_header_library target folder)
@@ -33,7 +33,7 @@ add_header_library(CLI11::CLI11 CLI)
 add_header_library(nlohmann_json::nlohmann_json nlohmann)
 
 if(NOT EXISTS ${SYMBKDS_PUGIXML}/src/pugixml.cpp)
-    message(FATAL_ERROR "${SYMBKDS_PUGIXML} holds no sources of pugixml; scripts/windows.sh fetches them")
+    message(FATAL_ERROR "${SYMBKDS_PUGIXML} holds no sources of pugixml; scripts/bootstrap.sh fetches them")
 endif()
 add_library(pugixml STATIC ${SYMBKDS_PUGIXML}/src/pugixml.cpp)
 target_include_directories(pugixml SYSTEM PUBLIC ${SYMBKDS_PUGIXML}/src)

@@ -5,8 +5,8 @@
 #   scripts/windows.sh [build]      build: only installs what is missing and builds
 #
 # Running needs root on a Debian that has the package debootstrap; elsewhere the
-# script says that it was skipped and succeeds. .cache/windows/ keeps the sources
-# of the XML parser and the root folder with Wine for the next run.
+# script says that it was skipped and succeeds. .cache/windows/ keeps the root
+# folder with Wine for the next run.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -73,28 +73,6 @@ must() {
     fi
 }
 
-# The archive from which this machine's Debian comes.
-archive() {
-    apt-get indextargets --format '$(SITE) $(CODENAME) $(ORIGIN) $(LABEL)' 'Created-By: Packages' |
-        awk '$2 == "bookworm" && $3 == "Debian" && $4 == "Debian" { print $1; exit }'
-}
-
-# Debian's sources of pugixml; apt checks their sums and signature.
-fetch_pugixml() {
-    [[ -e $cache/pugixml/src/pugixml.cpp ]] && return
-    local work=$cache/pugixml.new
-    rm -rf "$work"
-    mkdir -p "$work/lists/partial" "$work/cache"
-    echo "deb-src [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] $mirror bookworm main" >"$work/sources.list"
-    local apt=(apt-get -o "Dir::Etc::sourcelist=$work/sources.list" -o Dir::Etc::sourceparts=/dev/null
-        -o "Dir::State::lists=$work/lists" -o "Dir::Cache=$work/cache")
-    "${apt[@]}" update
-    (cd "$work" && "${apt[@]}" source pugixml)
-    rm -rf "$cache/pugixml"
-    mv "$work"/pugixml-*/ "$cache/pugixml"
-    rm -rf "$work"
-}
-
 build_windows() {
     cmake --preset windows-x86
     cmake --build --preset windows-x86 --parallel "$(nproc)"
@@ -116,6 +94,8 @@ build_linux() {
 prepare_wine() {
     [[ -d $wine_root ]] && return
     rm -rf --one-file-system "$wine_root.new"
+    local mirror
+    mirror=$(bash scripts/debian-archive.sh)
     debootstrap --arch=i386 --variant=minbase bookworm "$wine_root.new" "$mirror"
     chroot "$wine_root.new" apt-get install --yes --no-install-recommends wine wine32
     chroot "$wine_root.new" apt-get clean
@@ -272,9 +252,6 @@ test_code_page() {
 groups=(build windows)
 [[ ${1:-} == build ]] || groups+=(wine)
 must "installation" bash scripts/bootstrap.sh "${groups[@]}"
-mirror=$(archive)
-[[ -n $mirror ]] || must "archive of Debian bookworm" false
-must "sources of pugixml" fetch_pugixml
 must "build" build_windows
 must "host of another compiler" build_other_host
 expect "export and import tables" 0 python3 scripts/check-windows-binaries.py "$bin"
