@@ -1,11 +1,27 @@
-# The libraries that the project uses: pugixml::static, CLI11::CLI11, nlohmann_json::nlohmann_json and, for the
+# The libraries that the project uses: component_pugixml, CLI11::CLI11, nlohmann_json::nlohmann_json and, for the
 # tests, GTest::gtest, GTest::gmock and GTest::gtest_main.
 #
-# Built for this machine they are the installed packages. A cross build takes the header-only ones from the same
-# packages and builds the others from the distribution's sources.
+# pugixml is built from the distribution's sources in its compact mode, which halves the memory of a load; the
+# installed library is built without it. The others are the installed packages; a cross build takes the header-only
+# ones from the same packages and builds GoogleTest from its sources.
+
+set(SYMBKDS_PUGIXML "${CMAKE_SOURCE_DIR}/.cache/pugixml" CACHE PATH "Source folder of pugixml")
+if(EXISTS ${SYMBKDS_PUGIXML}/src/pugixml.cpp)
+    add_library(component_pugixml STATIC ${SYMBKDS_PUGIXML}/src/pugixml.cpp)
+    target_include_directories(component_pugixml SYSTEM PUBLIC ${SYMBKDS_PUGIXML}/src)
+    target_compile_definitions(component_pugixml PUBLIC PUGIXML_COMPACT)
+    target_compile_options(component_pugixml PRIVATE ${sanitizer_flags})
+elseif(CMAKE_CROSSCOMPILING)
+    message(FATAL_ERROR "${SYMBKDS_PUGIXML} holds no sources of pugixml; scripts/bootstrap.sh fetches them")
+else()
+    message(WARNING "${SYMBKDS_PUGIXML} holds no sources of pugixml, which scripts/bootstrap.sh fetches; "
+        "with the installed library a load takes twice the memory")
+    find_package(pugixml REQUIRED)
+    add_library(component_pugixml INTERFACE)
+    target_link_libraries(component_pugixml INTERFACE pugixml::static)
+endif()
 
 if(NOT CMAKE_CROSSCOMPILING)
-    find_package(pugixml REQUIRED)
     find_package(CLI11 REQUIRED)
     find_package(nlohmann_json REQUIRED)
     if(SYMBKDS_TESTS)
@@ -16,7 +32,6 @@ endif()
 
 # Where this machine's header-only libraries lie; the folder as a whole would bring in its system headers.
 set(SYMBKDS_HEADERS "/usr/include" CACHE PATH "Folder with the headers of CLI11 and nlohmann-json")
-set(SYMBKDS_PUGIXML "${CMAKE_SOURCE_DIR}/.cache/pugixml" CACHE PATH "Source folder of pugixml")
 set(SYMBKDS_GOOGLETEST "/usr/src/googletest" CACHE PATH "Source folder of GoogleTest")
 
 function(add_header_library target folder)
@@ -31,13 +46,6 @@ endfunction()
 
 add_header_library(CLI11::CLI11 CLI)
 add_header_library(nlohmann_json::nlohmann_json nlohmann)
-
-if(NOT EXISTS ${SYMBKDS_PUGIXML}/src/pugixml.cpp)
-    message(FATAL_ERROR "${SYMBKDS_PUGIXML} holds no sources of pugixml; scripts/bootstrap.sh fetches them")
-endif()
-add_library(pugixml STATIC ${SYMBKDS_PUGIXML}/src/pugixml.cpp)
-target_include_directories(pugixml SYSTEM PUBLIC ${SYMBKDS_PUGIXML}/src)
-add_library(pugixml::static ALIAS pugixml)
 
 if(SYMBKDS_TESTS)
     set(INSTALL_GTEST OFF)
