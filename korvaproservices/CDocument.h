@@ -4,7 +4,6 @@
 #include "korvaproservices/CFreeList.h"
 #include "korvaproservices/CModuleReference.h"
 #include "korvaproservices/CTagIndex.h"
-#include "korvaproservices/CTreeMemory.h"
 #include "korvaproservices/KorvaProServices.h"
 #include "platform/mfc/CInterfacePtr.h"
 
@@ -52,7 +51,6 @@ private:
 
     CModuleReference moduleReference;
     std::size_t references = 1; // the loader's, and one for each element and list in use
-    CTreeMemory treeMemory;     // of `xml`
     pugi::xml_document xml;
     CChildAttributes childAttributes;
     CTagIndex tagIndex;

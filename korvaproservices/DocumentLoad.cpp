@@ -12,9 +12,8 @@ namespace {
 constexpr unsigned kParseOptions = pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
 
 // The texts of the tree point into the bytes, which the tree owns from here on.
-HRESULT Parse(pugi::xml_document& xml, CTreeMemory& treeMemory, CExportBytes bytes, pugi::xml_encoding encoding)
+HRESULT Parse(pugi::xml_document& xml, CExportBytes bytes, pugi::xml_encoding encoding)
 {
-    const CTreeMemory::CScope scope(treeMemory);
     const pugi::xml_parse_result parsed =
         xml.load_buffer_inplace_own(bytes.block.release(), bytes.size, kParseOptions, encoding);
     if (parsed.status == pugi::status_out_of_memory)
@@ -40,7 +39,7 @@ HRESULT CDocument::Load(LPCWSTR path, CInterfacePtr<CDocument>& loaded)
     *made.Put() = new CDocument;
     // After the conversion the declared encoding is wrong; otherwise the parser finds it out.
     const pugi::xml_encoding encoding = utf16 == Utf16Result::converted ? pugi::encoding_utf8 : pugi::encoding_auto;
-    const HRESULT parsed = Parse(made->xml, made->treeMemory, std::move(*bytes), encoding);
+    const HRESULT parsed = Parse(made->xml, std::move(*bytes), encoding);
     if (SUCCEEDED(parsed))
         loaded = std::move(made);
     return parsed;

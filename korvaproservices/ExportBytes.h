@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/win32/LargePages.h"
-
 #include <pugixml.hpp>
 
 #include <cstddef>
@@ -23,7 +21,6 @@ struct CExportBytes
     {
         if (!block)
             throw std::bad_alloc();
-        PreferLargePages(block.get(), length);
     }
 
     std::unique_ptr<char, CFree> block;
