@@ -1,9 +1,8 @@
 #include "korvaproservices/CChildAttributes.h"
 
-#include "korvaproservices/Text.h"
+#include "korvaproservices/ElementSearch.h"
 
-void CChildAttributes::Select(pugi::xml_node parent, BSTR tag, BSTR name, BSTR value,
-                              std::vector<pugi::xml_node>& selected)
+const std::vector<pugi::xml_node>& CChildAttributes::Select(pugi::xml_node parent, BSTR tag, BSTR name, BSTR value)
 {
     if (!element || element != parent)
         Read(parent);
@@ -13,17 +12,18 @@ void CChildAttributes::Select(pugi::xml_node parent, BSTR tag, BSTR name, BSTR v
     selected.clear();
     // The value first: among the children of one element names and tags hardly differ.
     for (const Entry& entry : entries)
-        if (EqualsUtf16(entry.value, wantedValue) && EqualsUtf16(entry.name, wantedName) &&
-            EqualsUtf16(entry.tag, wantedTag) && (selected.empty() || selected.back() != entry.child))
+        if (EqualsUtf16(entry.value, wantedValue) && IsElementCalled(entry.child, wantedTag) &&
+            FindAttribute(entry.child, wantedName) == entry.attribute)
             selected.push_back(entry.child);
+    return selected;
 }
 
 void CChildAttributes::Read(pugi::xml_node parent)
 {
     element = {}; // should memory run short
     entries.clear();
-    for (pugi::xml_node child = parent.first_child(); child; child = child.next_sibling())
-        for (pugi::xml_attribute attribute = child.first_attribute(); attribute; attribute = attribute.next_attribute())
-            entries.push_back({attribute.value(), attribute.name(), child.name(), child});
+    for (const pugi::xml_node child : parent.children())
+        for (const pugi::xml_attribute attribute : child.attributes())
+            entries.push_back({attribute.value(), attribute, child});
     element = parent;
 }

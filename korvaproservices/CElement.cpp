@@ -1,9 +1,8 @@
 #include "korvaproservices/CElement.h"
 
-#include "korvaproservices/CDocument.h"
 #include "korvaproservices/CElementList.h"
+#include "korvaproservices/ElementSearch.h"
 #include "korvaproservices/Guarded.h"
-#include "korvaproservices/Text.h"
 
 #include <string>
 
@@ -15,7 +14,7 @@ BSTR MakeTextOf(pugi::xml_node element)
 {
     const char* text = element.value();
     std::string joined;
-    for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling()) {
+    for (const pugi::xml_node child : element.children()) {
         if (child.type() != pugi::node_pcdata && child.type() != pugi::node_cdata)
             continue;
         if (*text == '\0') {
@@ -33,47 +32,29 @@ BSTR MakeTextOf(pugi::xml_node element)
 pugi::xml_node FindChild(pugi::xml_node element, BSTR tag)
 {
     const std::basic_string_view<OLECHAR> wanted = ViewOf(tag);
-    for (pugi::xml_node child = element.first_child(); child; child = child.next_sibling())
-        if (EqualsUtf16(child.name(), wanted) && child.type() == pugi::node_element)
+    for (const pugi::xml_node child : element.children())
+        if (IsElementCalled(child, wanted))
             return child;
     return {};
 }
 
-// The attribute of that name; a null one when there is none.
-pugi::xml_attribute FindAttribute(pugi::xml_node element, BSTR name)
+// A list of the children for which `isWanted` holds.
+template <class IsWanted>
+WalkList* MakeListOfChildren(CDocument& document, pugi::xml_node element, IsWanted isWanted)
 {
-    const std::basic_string_view<OLECHAR> wanted = ViewOf(name);
-    pugi::xml_attribute attribute = element.first_attribute();
-    while (attribute && !EqualsUtf16(attribute.name(), wanted))
-        attribute = attribute.next_attribute();
-    return attribute;
+    auto list = CElementList::Make(document);
+    for (const pugi::xml_node child : element.children())
+        if (isWanted(child))
+            list->Add(child);
+    return list.Detach();
 }
 
 } // namespace
 
-HRESULT CElement::QueryInterface(REFIID iid, void** object)
+// Here, because lists make elements without knowing the class, which itself makes lists.
+WalkElement* CDocument::MakeElement(pugi::xml_node node)
 {
-    if (!object)
-        return E_POINTER;
-    *object = nullptr;
-    if (iid != IID_IUnknown && iid != IID_WalkElement)
-        return E_NOINTERFACE;
-    AddRef();
-    *object = static_cast<WalkElement*>(this);
-    return S_OK;
-}
-
-ULONG CElement::AddRef()
-{
-    return references.Increment();
-}
-
-ULONG CElement::Release()
-{
-    const ULONG left = references.Decrement();
-    if (left == 0)
-        document.Recycle(this);
-    return left;
+    return node ? new CElement(*this, node) : nullptr;
 }
 
 HRESULT CElement::GetText(BSTR* text)
@@ -88,24 +69,23 @@ HRESULT CElement::GetChildText(BSTR tag, BSTR* text)
 
 HRESULT CElement::GetAttribute(BSTR name, BSTR* value)
 {
-    return Deliver(value, [&] { return MakeBstr(FindAttribute(node, name).value()); });
+    return Deliver(value, [&] { return MakeBstr(FindAttribute(node, ViewOf(name)).value()); });
 }
 
 HRESULT CElement::GetChildren(WalkList** list)
 {
     return Deliver(list, [&] {
-        CInterfacePtr<CElementList> made = document.MakeList();
-        made->Selection().SetChildren(node);
-        return made.Detach();
+        return MakeListOfChildren(*document.Get(), node,
+                                  [](pugi::xml_node child) { return child.type() == pugi::node_element; });
     });
 }
 
 HRESULT CElement::GetChildrenByName(BSTR tag, WalkList** list)
 {
     return Deliver(list, [&] {
-        CInterfacePtr<CElementList> made = document.MakeList();
-        made->Selection().SetChildrenByTag(node, tag);
-        return made.Detach();
+        return MakeListOfChildren(*document.Get(), node, [wanted = ViewOf(tag)](pugi::xml_node child) {
+            return IsElementCalled(child, wanted);
+        });
     });
 }
 
@@ -117,8 +97,9 @@ HRESULT CElement::GetTagName(BSTR* name)
 HRESULT CElement::SelectChildren(BSTR tag, BSTR attribute, BSTR value, WalkList** list)
 {
     return Deliver(list, [&] {
-        CInterfacePtr<CElementList> made = document.MakeList();
-        document.ChildAttributes().Select(node, tag, attribute, value, made->Collection());
-        return made.Detach();
+        auto made = CElementList::Make(*document.Get());
+        for (const pugi::xml_node child : document->ChildAttributes().Select(node, tag, attribute, value))
+            made->Add(child);
+        return static_cast<WalkList*>(made.Detach());
     });
 }

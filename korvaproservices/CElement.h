@@ -1,30 +1,13 @@
 #pragma once
 
-#include "korvaproservices/CReferenceCount.h"
+#include "korvaproservices/CDocumentObject.h"
 #include "korvaproservices/KorvaProServices.h"
 
-#include <pugixml.hpp>
-
-class CDocument;
-template <class Object>
-class CFreeList;
-
-// A caller's view of one element; made, kept and reused by its document.
-class CElement final : public WalkElement
+// A caller's view of one element.
+class CElement final : public CDocumentObject<CElement, WalkElement, IID_WalkElement>
 {
 public:
-    explicit CElement(CDocument& owner) : document(owner) {}
-
-    // Begins a new life with one reference.
-    void Begin(pugi::xml_node element) noexcept
-    {
-        references.Reset();
-        node = element;
-    }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
+    CElement(CDocument& owner, pugi::xml_node element) noexcept : CDocumentObject(owner), node(element) {}
 
     HRESULT STDMETHODCALLTYPE GetText(BSTR* text) override;
     HRESULT STDMETHODCALLTYPE GetChildText(BSTR tag, BSTR* text) override;
@@ -35,10 +18,5 @@ public:
     HRESULT STDMETHODCALLTYPE SelectChildren(BSTR tag, BSTR attribute, BSTR value, WalkList** list) override;
 
 private:
-    friend class CFreeList<CElement>;
-
-    CReferenceCount references;
-    CDocument& document;
-    pugi::xml_node node;
-    CElement* nextIdle = nullptr;
+    const pugi::xml_node node;
 };

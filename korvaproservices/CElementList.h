@@ -1,56 +1,41 @@
 #pragma once
 
-#include "korvaproservices/CReferenceCount.h"
-#include "korvaproservices/CSelection.h"
+#include "korvaproservices/CDocumentObject.h"
 #include "korvaproservices/KorvaProServices.h"
 
 #include <vector>
 
-class CDocument;
-template <class Object>
-class CFreeList;
-
-// A caller's list of elements; made, kept and reused by its document.
-//
-// Its elements are given, or found by a selection: Next looks for one element
-// at a time, so that asking for the first one does not cost the whole
-// selection; Item and Count collect it once.
-class CElementList final : public WalkList
+// A caller's list of elements.
+class CElementList final : public CDocumentObject<CElementList, WalkList, IID_WalkList>
 {
 public:
-    explicit CElementList(CDocument& owner) : document(owner) {}
-
-    // Begins a new life with one reference; the caller sets the selection or the elements before it hands the list out.
-    void Begin() noexcept;
-    CSelection& Selection() noexcept { return selection; }
-    // The list's elements, for the caller to fill: there is no selection.
-    std::vector<pugi::xml_node>& Collection() noexcept
+    // An empty list. May raise std::bad_alloc.
+    static CInterfacePtr<CElementList> Make(CDocument& document)
     {
-        isCollected = true;
-        return collected;
+        return CInterfacePtr<CElementList>::Adopt(new CElementList(document));
     }
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
+    // Before the list is handed out. May raise std::bad_alloc.
+    void Add(pugi::xml_node element)
+    {
+        if (first)
+            others.push_back(element);
+        else
+            first = element;
+    }
 
     HRESULT STDMETHODCALLTYPE Next(WalkElement** element) override;
     HRESULT STDMETHODCALLTYPE Item(LONG index, WalkElement** element) override;
     HRESULT STDMETHODCALLTYPE Count(LONG* count) override;
 
 private:
-    friend class CFreeList<CElementList>;
+    explicit CElementList(CDocument& owner) noexcept : CDocumentObject(owner) {}
 
-    const std::vector<pugi::xml_node>& Collected();
-    // The element behind the last one delivered; null past the end.
-    pugi::xml_node Upcoming() const;
+    std::size_t Size() const noexcept { return first ? 1 + others.size() : 0; }
+    pugi::xml_node At(std::size_t index) const { return index == 0 ? first : others[index - 1]; }
 
-    CReferenceCount references;
-    CDocument& document;
-    CSelection selection;
-    std::size_t delivered = 0; // elements by Next
-    pugi::xml_node position;   // of the last one
-    bool isCollected = false;
-    std::vector<pugi::xml_node> collected;
-    CElementList* nextIdle = nullptr;
+    // Most lists have one element, which takes no memory of its own.
+    pugi::xml_node first;
+    std::vector<pugi::xml_node> others;
+    std::size_t delivered = 0; // by Next
 };

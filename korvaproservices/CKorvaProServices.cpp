@@ -2,8 +2,8 @@
 
 #include "korvaproservices/CDocument.h"
 #include "korvaproservices/CElementList.h"
+#include "korvaproservices/ElementSearch.h"
 #include "korvaproservices/Guarded.h"
-#include "korvaproservices/Text.h"
 
 namespace {
 
@@ -40,12 +40,12 @@ HRESULT CKorvaProServices::QueryInterface(REFIID iid, void** object)
 
 ULONG CKorvaProServices::AddRef()
 {
-    return references.Increment();
+    return ++references;
 }
 
 ULONG CKorvaProServices::Release()
 {
-    const ULONG left = references.Decrement();
+    const ULONG left = --references;
     if (left == 0)
         delete this;
     return left;
@@ -74,8 +74,7 @@ HRESULT CKorvaProServices::FindElement(BSTR tag, WalkElement** element)
 {
     if (!document)
         return RefuseUnloaded(element);
-    return Deliver(element,
-                   [&] { return document->MakeElement(document->TagIndex().FindFirst(document->Root(), tag)); });
+    return Deliver(element, [&] { return document->MakeElement(NextElementCalled(document->Root(), ViewOf(tag))); });
 }
 
 HRESULT CKorvaProServices::GetElementList(BSTR tag, WalkList** list)
@@ -83,8 +82,11 @@ HRESULT CKorvaProServices::GetElementList(BSTR tag, WalkList** list)
     if (!document)
         return RefuseUnloaded(list);
     return Deliver(list, [&] {
-        CInterfacePtr<CElementList> made = document->MakeList();
-        made->Collection() = document->TagIndex().Find(document->Root(), tag);
-        return made.Detach();
+        auto made = CElementList::Make(*document.Get());
+        const auto wanted = ViewOf(tag);
+        pugi::xml_node node = document->Root();
+        while ((node = NextElementCalled(node, wanted)))
+            made->Add(node);
+        return static_cast<WalkList*>(made.Detach());
     });
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "korvaproservices/CModuleReference.h"
-#include "korvaproservices/CReferenceCount.h"
 #include "korvaproservices/KorvaProServices.h"
 #include "platform/mfc/CInterfacePtr.h"
 
@@ -31,7 +30,7 @@ public:
 
 private:
     CModuleReference moduleReference;
-    CReferenceCount references;
+    ULONG references = 1; // no lock: one thread at a time
     std::basic_string<WCHAR> exportPath;
     CInterfacePtr<CDocument> document; // null while nothing is loaded
 };

@@ -37,8 +37,7 @@ public:
         if (outer)
             return CLASS_E_NOAGGREGATION;
         return Guarded([&] {
-            CInterfacePtr<CKorvaProServices> component;
-            *component.Put() = new CKorvaProServices;
+            auto component = CInterfacePtr<CKorvaProServices>::Adopt(new CKorvaProServices);
             return component->QueryInterface(iid, object);
         });
     }

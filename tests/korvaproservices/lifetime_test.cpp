@@ -62,24 +62,6 @@ TEST_F(Lifetime, ElementsOutliveTheComponent)
     EXPECT_EQ(canUnloadNow(), S_OK);
 }
 
-// Objects are used again for other nodes; that must never show.
-TEST_F(Lifetime, ReusedObjectsBeginAnew)
-{
-    const ElementPtr root = LoadAndFind("<r><x id='1' k='v'/><y id='2'/></r>", "r");
-    ListPtr list = Select(root, "x", "k", "v");
-    EXPECT_EQ(CountOf(list), 1);
-    EXPECT_EQ(RestOf(list), "x=1");
-    const WalkList* const before = list.Get();
-    list.Release();
-    list = ChildrenOf(root);
-    EXPECT_EQ(list.Get(), before);
-    EXPECT_EQ(CountOf(list), 2);
-    EXPECT_EQ(RestOf(list), "x=1 y=2");
-    const ListPtr second = ChildrenOf(root, "y");
-    EXPECT_NE(second.Get(), list.Get());
-    EXPECT_EQ(RestOf(second), "y=2");
-}
-
 TEST_F(Lifetime, CountsReferences)
 {
     const ElementPtr root = LoadAndFind("<r/>", "r");

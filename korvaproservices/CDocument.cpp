@@ -1,4 +1,3 @@
-// The part of CDocument that turns a file into a tree.
 #include "korvaproservices/CDocument.h"
 #include "korvaproservices/ExportFile.h"
 #include "korvaproservices/Utf16.h"
@@ -35,8 +34,7 @@ HRESULT CDocument::Load(LPCWSTR path, CInterfacePtr<CDocument>& loaded)
     const Utf16Result utf16 = ConvertUtf16(*bytes);
     if (utf16 == Utf16Result::malformed)
         return HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
-    CInterfacePtr<CDocument> made;
-    *made.Put() = new CDocument;
+    auto made = CInterfacePtr<CDocument>::Adopt(new CDocument);
     // After the conversion the declared encoding is wrong; otherwise the parser finds it out.
     const pugi::xml_encoding encoding = utf16 == Utf16Result::converted ? pugi::encoding_utf8 : pugi::encoding_auto;
     const HRESULT parsed = Parse(made->xml, std::move(*bytes), encoding);

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "korvaproservices/CDocument.h"
+
+#include <utility>
+
+// What elements and lists have in common: one interface, a count of references
+// and the document they look at. `Object` is the derived class.
+template <class Object, class Interface, const IID& interfaceId>
+class CDocumentObject : public Interface
+{
+public:
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) final
+    {
+        if (!object)
+            return E_POINTER;
+        *object = nullptr;
+        if (iid != IID_IUnknown && iid != interfaceId)
+            return E_NOINTERFACE;
+        AddRef();
+        *object = static_cast<Interface*>(this);
+        return S_OK;
+    }
+
+    ULONG STDMETHODCALLTYPE AddRef() final { return ++references; }
+
+    ULONG STDMETHODCALLTYPE Release() final
+    {
+        const ULONG left = --references;
+        if (left == 0)
+            delete static_cast<Object*>(this);
+        return left;
+    }
+
+protected:
+    explicit CDocumentObject(CDocument& owner) noexcept : document(&owner) {}
+    ~CDocumentObject() = default;
+
+    const CInterfacePtr<CDocument> document;
+
+private:
+    ULONG references = 1; // no lock: one thread at a time
+};
