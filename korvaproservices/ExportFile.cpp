@@ -76,9 +76,7 @@ HRESULT ReadExportFile(LPCWSTR path, std::optional<CExportBytes>& bytes)
     LARGE_INTEGER size{};
     if (!GetFileSizeEx(file.Get(), &size))
         return LastResult();
-    if (size.QuadPart == 0)
-        return HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
-    if (std::cmp_greater(size.QuadPart, std::numeric_limits<std::ptrdiff_t>::max()))
+    if (std::cmp_greater(size.QuadPart, std::numeric_limits<std::ptrdiff_t>::max() / 2))
         return E_OUTOFMEMORY;
     CExportBytes content(static_cast<std::size_t>(size.QuadPart));
     const HRESULT filled = Fill(file.Get(), content);

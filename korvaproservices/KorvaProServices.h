@@ -47,7 +47,7 @@ struct WalkElement : IUnknown
     virtual HRESULT STDMETHODCALLTYPE GetText(BSTR* text) = 0;
     // The text of the first child element called `tag`; empty when there is none.
     virtual HRESULT STDMETHODCALLTYPE GetChildText(BSTR tag, BSTR* text) = 0;
-    // The value of an attribute; empty when it is absent.
+    // The value of an attribute, of two with one name the first; empty when it is absent.
     virtual HRESULT STDMETHODCALLTYPE GetAttribute(BSTR name, BSTR* value) = 0;
     // The child elements, in document order.
     virtual HRESULT STDMETHODCALLTYPE GetChildren(WalkList** list) = 0;

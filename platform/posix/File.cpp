@@ -33,7 +33,7 @@ DWORD ErrorOf(int error)
         return ERROR_DISK_FULL;
     case ENAMETOOLONG:
         return ERROR_INVALID_NAME;
-    case ENXIO: // a socket, or a pipe that nobody reads: nothing that holds a file
+    case ENXIO: // a socket, a terminal that is gone, a pipe that nobody reads: nothing that holds a file
         return ERROR_INVALID_DATA;
     case EINVAL:
         return ERROR_INVALID_PARAMETER;

@@ -2,9 +2,14 @@
 #include "korvaproservices/ComponentFixture.h"
 
 #include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <functional>
+#include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -73,6 +78,23 @@ TEST_F(Reading, AFileThatShrinksIsWhatIsLeftOfIt)
     EXPECT_EQ(RestOf(ChildrenOf(Find("r"))), "x=1 x=2");
     ASSERT_EQ(LoadCut(utf16, 10, 1, kWhole), S_OK);
     EXPECT_EQ(TagOf(Find("r")), "r");
+}
+
+TEST_F(Reading, WhatIsNoFileIsNotRead)
+{
+    const std::string pipe = folder.FilePath("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    folder.FilePath("socket").copy(address.sun_path, sizeof address.sun_path - 1);
+    const int bound = socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(bind(bound, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_EQ(grantpt(terminal) | unlockpt(terminal), 0);
+    for (const std::string& entry : {pipe, std::string(address.sun_path), std::string(ptsname(terminal)), "/dev/null"s})
+        EXPECT_EQ(ImportFrom(entry), kInvalidData) << entry;
+    close(terminal);
+    close(bound);
 }
 
 TEST_F(Reading, AFileThatGrowsIsWhatItWas)

@@ -35,7 +35,8 @@ TEST_F(Walk, JoinsTexts)
 
 TEST_F(Walk, ReadsAttributes)
 {
-    const ElementPtr root = LoadAndFind("<r name='N' Name='n' empty='' e='&amp;&#x4E2D;\t' l\xC3\xA4nge='5'/>", "r");
+    const ElementPtr root =
+        LoadAndFind("<r name='N' Name='n' empty='' e='&amp;&#x4E2D;\t' l\xC3\xA4nge='5' name='2nd'/>", "r");
     EXPECT_EQ(AttributeOf(root, "name"), "N");
     EXPECT_EQ(AttributeOf(root, "Name"), "n");
     EXPECT_EQ(AttributeOf(root, "NAME"), "");
@@ -53,7 +54,7 @@ TEST_F(Walk, ReadsAttributes)
 }
 
 constexpr char kTree[] = "<r id='0'>"
-                         "text<a id='1' k='v'/><b id='2' k='v'/><!-- a -->"
+                         "text<a id='1' k='v'/><b id='2' k='v' k='w'/><!-- a -->"
                          "<a id='3' k='V'/><a id='4' k='v'><a id='5' k='v'/><c id='6'/></a>"
                          "<A id='7' k='v'/><a id='8'/><a id='9' k=''/><a id='10' k='v'/>"
                          "</r>";
@@ -68,11 +69,12 @@ TEST_F(Walk, ListsChildren)
     EXPECT_EQ(RestOf(ChildrenOf(Find("c"))), "");
     EXPECT_EQ(RestOf(Select(root, "a", "k", "v")), "a=1 a=4 a=10");
     EXPECT_EQ(RestOf(Select(root, "b", "k", "v")), "b=2");
+    EXPECT_EQ(RestOf(Select(root, "b", "k", "w")), ""); // of two attributes with one name the first holds
     const ListPtr inner = ChildrenOf(root, "a");
     ElementPtr fourth;
     ASSERT_EQ(inner->Item(2, fourth.Put()), S_OK);
     EXPECT_EQ(RestOf(Select(fourth, "a", "k", "v")), "a=5"); // another element between two of the first
-    EXPECT_EQ(RestOf(Select(root, "a", "k", "")), "a=9"); // empty is not absent
+    EXPECT_EQ(RestOf(Select(root, "a", "k", "")), "a=9");    // empty is not absent
     EXPECT_EQ(RestOf(Select(root, "a", "k", "w")), "");
     EXPECT_EQ(RestOf(Select(root, "", "k", "v")), "");
     EXPECT_EQ(CountOf(Select(root, "a", "K", "v")), 0);
