@@ -25,8 +25,10 @@ public:
     void AddRef() noexcept { ++references; }
     void Release() noexcept
     {
-        if (--references == 0)
-            delete this;
+        if (--references > 0)
+            return;
+        const CModuleReference untilReturn;
+        delete this;
     }
 
     // The node above the root element.

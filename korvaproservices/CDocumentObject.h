@@ -27,8 +27,10 @@ public:
     ULONG STDMETHODCALLTYPE Release() final
     {
         const ULONG left = --references;
-        if (left == 0)
+        if (left == 0) {
+            const CInterfacePtr<CDocument> last = std::move(document); // outlives the object, as the library must
             delete static_cast<Object*>(this);
+        }
         return left;
     }
 
@@ -36,7 +38,7 @@ protected:
     explicit CDocumentObject(CDocument& owner) noexcept : document(&owner) {}
     ~CDocumentObject() = default;
 
-    const CInterfacePtr<CDocument> document;
+    CInterfacePtr<CDocument> document;
 
 private:
     ULONG references = 1; // no lock: one thread at a time

@@ -46,8 +46,10 @@ ULONG CKorvaProServices::AddRef()
 ULONG CKorvaProServices::Release()
 {
     const ULONG left = --references;
-    if (left == 0)
+    if (left == 0) {
+        const CModuleReference untilReturn;
         delete this;
+    }
     return left;
 }
 
