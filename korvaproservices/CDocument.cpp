@@ -2,6 +2,8 @@
 
 #include "korvaproservices/Encoding.h"
 #include "korvaproservices/ExportFile.h"
+#include "korvaproservices/Guarded.h"
+#include "korvaproservices/TextPosition.h"
 
 #include <algorithm>
 #include <new>
@@ -16,30 +18,39 @@ namespace {
 constexpr unsigned kParseOptions =
     pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata | pugi::parse_fragment;
 
-// Whether there is one element at the top and no text, which the parser does not ask for. `length` bytes of text were
-// parsed, and behind them the element that marks their end, which is taken out.
-bool CheckTop(pugi::xml_document& xml, std::size_t length)
+// Why a text is not well-formed.
+struct Fault
+{
+    const char* text;
+    std::size_t offset;          // into the UTF-8 text, bytes
+    bool isBehindBlanks = false; // which are no fault
+};
+
+// What the parser accepts and XML does not: other than one element at the top. `length` bytes of text were parsed, and
+// behind them the element that marks their end, which is taken out.
+std::optional<Fault> CheckTop(pugi::xml_document& xml, std::size_t length)
 {
     bool hasRoot = false;
     for (const pugi::xml_node node : xml.children()) {
         const auto offset = static_cast<std::size_t>(node.offset_debug());
         if (node.type() != pugi::node_element)
-            return false; // text
+            return Fault{"Text outside of the root element", offset, true};
         if (offset == length + 1) {
+            if (!hasRoot)
+                return Fault{"No document element found", length};
             if (!xml.remove_child(node))
                 throw std::bad_alloc();
-            return hasRoot;
+            return std::nullopt;
         }
         if (hasRoot)
-            return false;
+            return Fault{"More than one root element", offset - 1};
         hasRoot = true;
     }
-    return false; // inside a document type, or at a null character
+    return Fault{"The text ends too early", length}; // inside a document type, or at a null character
 }
 
-// Whether the text is well-formed. The texts of the tree point into it, and the tree owns it from here on. May raise
-// std::bad_alloc.
-bool Parse(pugi::xml_document& xml, CExportBytes bytes)
+// The texts of the tree point into the bytes, which the tree owns from here on. May raise std::bad_alloc.
+std::optional<Fault> Parse(pugi::xml_document& xml, CExportBytes bytes)
 {
     const std::size_t length = bytes.size;
     bytes.AppendEnd();
@@ -47,23 +58,56 @@ bool Parse(pugi::xml_document& xml, CExportBytes bytes)
         xml.load_buffer_inplace_own(bytes.block.release(), bytes.size, kParseOptions, pugi::encoding_utf8);
     if (parsed.status == pugi::status_out_of_memory)
         throw std::bad_alloc();
-    if (!parsed)
-        return false;
-    return CheckTop(xml, length);
+    const std::optional<Fault> atTop = CheckTop(xml, length);
+    const std::size_t reached = std::min(static_cast<std::size_t>(parsed.offset), length);
+    const bool isEarlier = !parsed && (!atTop || reached <= atTop->offset);
+    return isEarlier ? Fault{parsed.description(), reached} : atTop;
+}
+
+// The export as UTF-8 text; what its encoding is goes into `findings`. May raise std::bad_alloc.
+HRESULT ReadText(LPCWSTR path, std::optional<CExportBytes>& text, CLoadFindings& findings)
+{
+    const HRESULT read = ReadExportFile(path, text);
+    if (FAILED(read))
+        return read;
+    const Encoding encoding = RecogniseEncoding(text->View());
+    findings.usedEncoding = NameOf(encoding);
+    ConvertToUtf8(*text, encoding);
+    findings.declaredEncoding = DeclaredEncoding(text->View());
+    return S_OK;
+}
+
+// Stores where the fault stands. The parser has overwritten the text, so it is read again. May raise std::bad_alloc.
+HRESULT Locate(LPCWSTR path, const Fault& fault, CLoadFindings& findings)
+{
+    std::optional<CExportBytes> again;
+    const HRESULT read = ReadText(path, again, findings);
+    if (FAILED(read))
+        return read;
+    const std::string_view text = again->View();
+    std::size_t offset = std::min(fault.offset, text.find('\0')); // which the parser takes for the end
+    if (fault.isBehindBlanks)
+        offset = text.find_first_not_of(kBlanks, offset);
+    findings.position = PositionAt(text, offset);
+    return S_OK;
 }
 
 } // namespace
 
-HRESULT CDocument::Load(LPCWSTR path, CInterfacePtr<CDocument>& loaded)
+HRESULT CDocument::Load(LPCWSTR path, CInterfacePtr<CDocument>& loaded, CLoadFindings& findings)
 {
     std::optional<CExportBytes> text;
-    const HRESULT read = ReadExportFile(path, text);
+    const HRESULT read = ReadText(path, text, findings);
     if (FAILED(read))
         return read;
-    ConvertToUtf8(*text, RecogniseEncoding(text->View()));
     auto made = CInterfacePtr<CDocument>::Adopt(new CDocument);
-    if (!Parse(made->xml, std::move(*text)))
-        return HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
-    loaded = std::move(made);
-    return S_OK;
+    const std::optional<Fault> fault = Parse(made->xml, std::move(*text));
+    if (!fault) {
+        loaded = std::move(made);
+        return S_OK;
+    }
+    made.Release(); // its memory is wanted
+    findings.fault = fault->text;
+    Guarded([&] { return Locate(path, *fault, findings); }); // else the position stays unknown
+    return HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "korvaproservices/CChildAttributes.h"
+#include "korvaproservices/CLoadFindings.h"
 #include "korvaproservices/CModuleReference.h"
 #include "korvaproservices/KorvaProServices.h"
 #include "platform/mfc/CInterfacePtr.h"
@@ -16,8 +17,8 @@ class CDocument
 {
 public:
     // Reads and parses the file into `loaded`, which stays empty on failure; the
-    // results are those of ImportFile. May raise std::bad_alloc.
-    static HRESULT Load(LPCWSTR path, CInterfacePtr<CDocument>& loaded);
+    // results are those of ImportFile. `findings` is new. May raise std::bad_alloc.
+    static HRESULT Load(LPCWSTR path, CInterfacePtr<CDocument>& loaded, CLoadFindings& findings);
 
     CDocument(const CDocument&) = delete;
     CDocument& operator=(const CDocument&) = delete;

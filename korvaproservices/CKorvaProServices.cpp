@@ -5,6 +5,9 @@
 #include "korvaproservices/ElementSearch.h"
 #include "korvaproservices/Guarded.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace {
 
 // What an operation answers that needs a document while none is loaded.
@@ -27,11 +30,13 @@ HRESULT CKorvaProServices::QueryInterface(REFIID iid, void** object)
     if (!object)
         return E_POINTER;
     *object = nullptr;
-    // Both interfaces derive from IUnknown; the first one is the object's identity.
+    // All interfaces derive from IUnknown; the first one is the object's identity.
     if (iid == IID_IUnknown || iid == IID_ImportSource)
         *object = static_cast<ImportSource*>(this);
     else if (iid == IID_WalkSource)
         *object = static_cast<WalkSource*>(this);
+    else if (iid == IID_LoadReport)
+        *object = static_cast<LoadReport*>(this);
     else
         return E_NOINTERFACE;
     AddRef();
@@ -67,9 +72,10 @@ HRESULT CKorvaProServices::InitImportWithoutDlg(BSTR path)
 HRESULT CKorvaProServices::ImportFile()
 {
     document.Release(); // first, so that the memory of two documents is not needed
+    findings = {};
     if (exportPath.empty())
         return E_INVALIDARG;
-    return Guarded([&] { return CDocument::Load(exportPath.c_str(), document); });
+    return Guarded([&] { return CDocument::Load(exportPath.c_str(), document, findings); });
 }
 
 HRESULT CKorvaProServices::FindElement(BSTR tag, WalkElement** element)
@@ -91,4 +97,29 @@ HRESULT CKorvaProServices::GetElementList(BSTR tag, WalkList** list)
             made->Add(node);
         return static_cast<WalkList*>(made.Detach());
     });
+}
+
+HRESULT CKorvaProServices::GetPosition(LONG* line, LONG* column)
+{
+    if (!line || !column)
+        return E_POINTER;
+    constexpr std::size_t kMost = std::numeric_limits<LONG>::max();
+    *line = static_cast<LONG>(std::min(findings.position.line, kMost));
+    *column = static_cast<LONG>(std::min(findings.position.column, kMost));
+    return S_OK;
+}
+
+HRESULT CKorvaProServices::GetFault(BSTR* text)
+{
+    return Deliver(text, [&] { return MakeBstr(findings.fault); });
+}
+
+HRESULT CKorvaProServices::GetDeclaredEncoding(BSTR* name)
+{
+    return Deliver(name, [&] { return MakeBstr(findings.declaredEncoding.c_str()); });
+}
+
+HRESULT CKorvaProServices::GetUsedEncoding(BSTR* name)
+{
+    return Deliver(name, [&] { return MakeBstr(findings.usedEncoding); });
 }

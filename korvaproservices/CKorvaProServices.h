@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvaproservices/CLoadFindings.h"
 #include "korvaproservices/CModuleReference.h"
 #include "korvaproservices/KorvaProServices.h"
 #include "platform/mfc/CInterfacePtr.h"
@@ -12,7 +13,7 @@ class CDocument;
 //
 // Elements and lists hold the document, not the component, so both a second
 // import and the end of the component leave them valid.
-class CKorvaProServices final : public ImportSource, public WalkSource
+class CKorvaProServices final : public ImportSource, public WalkSource, public LoadReport
 {
 public:
     CKorvaProServices();
@@ -28,9 +29,15 @@ public:
     HRESULT STDMETHODCALLTYPE FindElement(BSTR tag, WalkElement** element) override;
     HRESULT STDMETHODCALLTYPE GetElementList(BSTR tag, WalkList** list) override;
 
+    HRESULT STDMETHODCALLTYPE GetPosition(LONG* line, LONG* column) override;
+    HRESULT STDMETHODCALLTYPE GetFault(BSTR* text) override;
+    HRESULT STDMETHODCALLTYPE GetDeclaredEncoding(BSTR* name) override;
+    HRESULT STDMETHODCALLTYPE GetUsedEncoding(BSTR* name) override;
+
 private:
     CModuleReference moduleReference;
     ULONG references = 1; // no lock: one thread at a time
     std::basic_string<WCHAR> exportPath;
     CInterfacePtr<CDocument> document; // null while nothing is loaded
+    CLoadFindings findings;            // of the last import
 };

@@ -2,7 +2,7 @@
 // caller walk its elements.
 //
 // Create it with CoCreateInstance(CLSID_KorvaProServices) and query it for
-// ImportSource and WalkSource. Texts passed in stay the caller's; texts and
+// ImportSource, WalkSource and LoadReport. Texts passed in stay the caller's; texts and
 // interfaces handed out belong to the caller, who frees them with SysFreeString
 // and Release. Everything handed out stays valid after the component itself is
 // released. The interfaces of one component are used by one thread at a time.
@@ -20,6 +20,7 @@ inline constexpr CLSID CLSID_KorvaProServices = {
 inline constexpr IID IID_ImportSource = {0x7C1E52A5, 0x93D0, 0x4B6F, {0xA8, 0x15, 0x2E, 0x60, 0xF4, 0x9B, 0xC7, 0x31}};
 inline constexpr IID IID_WalkSource = {0x7C1E52A6, 0x93D0, 0x4B6F, {0xA8, 0x15, 0x2E, 0x60, 0xF4, 0x9B, 0xC7, 0x31}};
 inline constexpr IID IID_WalkElement = {0x7C1E52A7, 0x93D0, 0x4B6F, {0xA8, 0x15, 0x2E, 0x60, 0xF4, 0x9B, 0xC7, 0x31}};
+inline constexpr IID IID_LoadReport = {0x7C1E52A9, 0x93D0, 0x4B6F, {0xA8, 0x15, 0x2E, 0x60, 0xF4, 0x9B, 0xC7, 0x31}};
 inline constexpr IID IID_WalkList = {0x7C1E52A8, 0x93D0, 0x4B6F, {0xA8, 0x15, 0x2E, 0x60, 0xF4, 0x9B, 0xC7, 0x31}};
 
 // Names the export to load and loads it.
@@ -84,4 +85,23 @@ struct WalkSource : IUnknown
 
 protected:
     ~WalkSource() = default;
+};
+
+// What the last ImportFile found out, whatever its result was; nothing before the first. For people who want to mend
+// an export: line and column say where to look, the text why.
+struct LoadReport : IUnknown
+{
+    // Where the first thing stands that is not well-formed: line and column from 1, the column in characters, tabs and
+    // combining marks being one each. Both are 0 when it is not known, and when there is no such thing.
+    virtual HRESULT STDMETHODCALLTYPE GetPosition(LONG* line, LONG* column) = 0;
+    // What is not well-formed, a short sentence in English for people to read; empty when nothing is.
+    virtual HRESULT STDMETHODCALLTYPE GetFault(BSTR* text) = 0;
+    // The encoding that the XML declaration names, in its spelling; empty when it names none.
+    virtual HRESULT STDMETHODCALLTYPE GetDeclaredEncoding(BSTR* name) = 0;
+    // The encoding in which the file was read: "UTF-8", "UTF-16LE", "UTF-16BE", "UTF-32LE", "UTF-32BE" or "ISO-8859-1";
+    // empty when it could not be read.
+    virtual HRESULT STDMETHODCALLTYPE GetUsedEncoding(BSTR* name) = 0;
+
+protected:
+    ~LoadReport() = default;
 };

@@ -10,7 +10,26 @@ constexpr HRESULT kNoAccess = static_cast<HRESULT>(0x80070005U);
 constexpr HRESULT kInvalidData = static_cast<HRESULT>(0x8007000DU);
 
 class Import : public CComponentTest
-{};
+{
+protected:
+    // "line:column declared used fault"
+    std::string Report()
+    {
+        CInterfacePtr<LoadReport> report;
+        EXPECT_EQ(walk->QueryInterface(IID_LoadReport, report.PutVoid()), S_OK);
+        LONG line = -1;
+        LONG column = -1;
+        EXPECT_EQ(report->GetPosition(&line, &column), S_OK);
+        CBstr declared;
+        CBstr used;
+        CBstr fault;
+        EXPECT_EQ(report->GetDeclaredEncoding(declared.Put()), S_OK);
+        EXPECT_EQ(report->GetUsedEncoding(used.Put()), S_OK);
+        EXPECT_EQ(report->GetFault(fault.Put()), S_OK);
+        return std::to_string(line) + ":" + std::to_string(column) + " " + Narrow(declared) + " " + Narrow(used) + " " +
+               Narrow(fault);
+    }
+};
 
 using namespace std::string_literals;
 using namespace std::string_view_literals;
@@ -68,37 +87,46 @@ TEST_F(Import, ReportsMissingAccess)
 
 TEST_F(Import, RefusesWhatIsNotWellFormed)
 {
-    const std::string_view refused[] = {""sv,
-                                        " \n"sv,
-                                        "text"sv,
-                                        "<"sv,
-                                        "<a"sv,
-                                        "<a>"sv,
-                                        "<a></b>"sv,
-                                        "<a><b></a>"sv,
-                                        "<a x=1/>"sv,
-                                        "<a x='1/>"sv,
-                                        "<a/><b/>"sv,
-                                        "junk<a/>"sv,
-                                        "<a/>j"sv,
-                                        "<a/>>"sv,
-                                        "<a/> &#32;<!-- -->"sv,
-                                        "<![CDATA[x]]><a/>"sv,
-                                        "<a/>\0<b/>"sv,
-                                        "<a/><!DOCTYPE b"sv,
-                                        "<!-- <a/>"sv,
-                                        "</a>"sv,
-                                        "<a><![CDATA["sv,
-                                        "<?xml version='1.0'?>"sv,
-                                        "<!DOCTYPE a ["sv,
-                                        "<a>\0</a>"sv,
-                                        "\xFF\xFE"sv,
-                                        "\xFF\xFE<\0a\0/\0>"sv,
-                                        "\xFE\xFF\0<\0a"sv,
-                                        "\xFF\xFE<\0a\0/\0>\0j"sv,
-                                        "\0\0\0\0\0\0\0\0"sv};
-    for (const std::string_view bytes : refused)
-        EXPECT_EQ(Load(bytes), kInvalidData) << testing::PrintToString(bytes);
+    const struct
+    {
+        std::string_view bytes;
+        const char* place; // line:column
+    } refused[] = {{""sv, "1:1"},
+                   {" \n"sv, "2:1"},
+                   {"text"sv, "1:1"},
+                   {"<"sv, "1:2"},
+                   {"<a"sv, "1:3"},
+                   {"<a>"sv, "1:4"},
+                   {"<a></b>"sv, "1:6"},
+                   {"<a>\r\n<b>\xC3\xA4\xE4\xB8\xAD</a>"sv, "2:8"},
+                   {"<a x=1/>"sv, "1:6"},
+                   {"<a x='1/>"sv, "1:7"},
+                   {"<a/>\r\r\n\n<b/>"sv, "4:1"},
+                   {" \njunk<a><b></a>"sv, "2:1"},
+                   {"<a/>j"sv, "1:5"},
+                   {"<a/>>"sv, "1:5"},
+                   {"<a/> &#32;<!-- -->"sv, "1:6"},
+                   {"<![CDATA[x]]><a/>"sv, "1:10"},
+                   {"<a/>\0<b/>"sv, "1:5"},
+                   {"<a/><!DOCTYPE b"sv, "1:16"},
+                   {"<!-- <a/>"sv, "1:10"},
+                   {"</a>"sv, "1:3"},
+                   {"<a><![CDATA["sv, "1:13"},
+                   {"<?xml version='1.0'?>"sv, "1:22"},
+                   {"<!DOCTYPE a ["sv, "1:14"},
+                   {"<a>\n \0</a>"sv, "2:2"},
+                   {"\xEF\xBB\xBF<a>&lt;</a>\n<b/>"sv, "2:1"},
+                   {"\xFF\xFE"sv, "1:1"},
+                   {"\xFF\xFE<\0a\0/\0>"sv, "1:4"},
+                   {"\xFF\xFE<\0a\0/\0>\0j"sv, "1:5"},
+                   {"\xFE\xFF\0<\0a"sv, "1:3"},
+                   {"\xFF\xFE<\0\xE4\0/\0>\0\n\0\x3D\xD8\0\xDE<\0"sv, "2:1"},
+                   {"<?xml version='1.0' encoding='latin1'?>\n<r>\xE4</>"sv, "2:7"},
+                   {"\0\0\0\0\0\0\0\0"sv, "1:1"}};
+    for (const auto& row : refused) {
+        EXPECT_EQ(Load(row.bytes), kInvalidData) << testing::PrintToString(row.bytes);
+        EXPECT_EQ(Report().substr(0, Report().find(' ')), row.place) << testing::PrintToString(row.bytes) << Report();
+    }
 }
 
 TEST_F(Import, ReadsEveryEncoding)
@@ -106,22 +134,28 @@ TEST_F(Import, ReadsEveryEncoding)
     const std::string body = "<r n='\xC3\xA4'>\xE4\xB8\xAD\xF0\x9F\x98\x80<c/></r>";
     const std::string declared = "<?xml version='1.0' encoding='utf-16'?>" + body;
     const std::string mark = "\xEF\xBB\xBF";
-    const std::string exports[] = {body,
-                                   mark + " \n<?xml version='1.0'?><!DOCTYPE r><!-- --><?a b?>" + body +
-                                       "\n<!-- --> <?c?>\n",
-                                   Utf16(body, false),
-                                   Utf16(body, true),
-                                   Utf16(mark + declared, false),
-                                   Utf16(mark + declared, true),
-                                   Utf16("<?xml version='1.0' encoding='iso-8859-1'?>" + body, false),
-                                   Utf32(body, false),
-                                   Utf32(mark + declared, true),
-                                   "<?xml version='1.0' encoding='windows-1252'?>" + body};
-    for (const std::string& bytes : exports) {
-        const ElementPtr root = LoadAndFind(bytes, "r");
+    const struct
+    {
+        std::string bytes;
+        std::string encodings; // declared and used
+    } exports[] = {
+        {body, " UTF-8"},
+        {mark + " \n<?xml version='1.0'?><!DOCTYPE r><!-- --><?a b?>" + body + "\n<!-- --> <?c?>\n", " UTF-8"},
+        {Utf16(body, false), " UTF-16LE"},
+        {Utf16(body, true), " UTF-16BE"},
+        {Utf16(mark + declared, false), "utf-16 UTF-16LE"},
+        {Utf16(mark + declared, true), "utf-16 UTF-16BE"},
+        {Utf16("<?xml version='1.0' encoding='iso-8859-1'?>" + body, false), "iso-8859-1 UTF-16LE"},
+        {Utf32(body, false), " UTF-32LE"},
+        {Utf32(mark + declared, true), "utf-16 UTF-32BE"},
+        {mark + "<?xml version=' encoding=' encoding='latin1'?>" + body, "latin1 UTF-8"},
+        {"<?xml version='1.0' encoding='windows-1252'?>" + body, "windows-1252 UTF-8"}};
+    for (const auto& row : exports) {
+        const ElementPtr root = LoadAndFind(row.bytes, "r");
         ASSERT_TRUE(root);
         EXPECT_EQ(AttributeOf(root, "n"), "\xC3\xA4");
         EXPECT_EQ(TextOf(root), "\xE4\xB8\xAD\xF0\x9F\x98\x80");
+        EXPECT_EQ(Report(), "0:0 " + row.encodings + " ");
     }
     for (const char* const name : {"ISO-8859-1", "Latin1"}) {
         const ElementPtr latin = LoadAndFind("<?xml version='1.0' encoding = '"s + name + "' ?><r>\xE4</r>", "r");
