@@ -2,7 +2,7 @@
 
 #include "korvaproservices/Encoding.h"
 #include "korvaproservices/ExportFile.h"
-#include "korvaproservices/Guarded.h"
+#include "korvaproservices/ResultOf.h"
 #include "korvaproservices/TextPosition.h"
 
 #include <algorithm>
@@ -108,6 +108,6 @@ HRESULT CDocument::Load(LPCWSTR path, CInterfacePtr<CDocument>& loaded, CLoadFin
     }
     made.Release(); // its memory is wanted
     findings.fault = fault->text;
-    Guarded([&] { return Locate(path, *fault, findings); }); // else the position stays unknown
+    ResultOf([&] { return Locate(path, *fault, findings); }); // else the position stays unknown
     return HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
 }

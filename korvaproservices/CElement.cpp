@@ -2,7 +2,7 @@
 
 #include "korvaproservices/CElementList.h"
 #include "korvaproservices/ElementSearch.h"
-#include "korvaproservices/Guarded.h"
+#include "korvaproservices/ResultOf.h"
 
 #include <string>
 
@@ -100,6 +100,6 @@ HRESULT CElement::SelectChildren(BSTR tag, BSTR attribute, BSTR value, WalkList*
         auto made = CElementList::Make(*document.Get());
         for (const pugi::xml_node child : document->ChildAttributes().Select(node, tag, attribute, value))
             made->Add(child);
-        return static_cast<WalkList*>(made.Detach());
+        return made.Detach();
     });
 }

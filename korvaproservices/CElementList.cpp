@@ -1,6 +1,6 @@
 #include "korvaproservices/CElementList.h"
 
-#include "korvaproservices/Guarded.h"
+#include "korvaproservices/ResultOf.h"
 
 #include <limits>
 

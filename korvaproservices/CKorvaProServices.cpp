@@ -3,7 +3,7 @@
 #include "korvaproservices/CDocument.h"
 #include "korvaproservices/CElementList.h"
 #include "korvaproservices/ElementSearch.h"
-#include "korvaproservices/Guarded.h"
+#include "korvaproservices/ResultOf.h"
 
 #include <algorithm>
 #include <limits>
@@ -63,7 +63,7 @@ HRESULT CKorvaProServices::InitImportWithoutDlg(BSTR path)
     exportPath.clear();
     if (SysStringLen(path) == 0)
         return E_INVALIDARG;
-    return Guarded([&] {
+    return ResultOf([&] {
         exportPath.assign(path, SysStringLen(path));
         return S_OK;
     });
@@ -75,7 +75,7 @@ HRESULT CKorvaProServices::ImportFile()
     findings = {};
     if (exportPath.empty())
         return E_INVALIDARG;
-    return Guarded([&] { return CDocument::Load(exportPath.c_str(), document, findings); });
+    return ResultOf([&] { return CDocument::Load(exportPath.c_str(), document, findings); });
 }
 
 HRESULT CKorvaProServices::FindElement(BSTR tag, WalkElement** element)
@@ -95,7 +95,7 @@ HRESULT CKorvaProServices::GetElementList(BSTR tag, WalkList** list)
         pugi::xml_node node = document->Root();
         while ((node = NextElementCalled(node, wanted)))
             made->Add(node);
-        return static_cast<WalkList*>(made.Detach());
+        return made.Detach();
     });
 }
 

@@ -1,6 +1,6 @@
 // The class object and what the library exports.
 #include "korvaproservices/CKorvaProServices.h"
-#include "korvaproservices/Guarded.h"
+#include "korvaproservices/ResultOf.h"
 #include "platform/mfc/CInterfacePtr.h"
 
 #include <atomic>
@@ -36,7 +36,7 @@ public:
         *object = nullptr;
         if (outer)
             return CLASS_E_NOAGGREGATION;
-        return Guarded([&] {
+        return ResultOf([&] {
             auto component = CInterfacePtr<CKorvaProServices>::Adopt(new CKorvaProServices);
             return component->QueryInterface(iid, object);
         });

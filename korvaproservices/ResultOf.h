@@ -7,7 +7,7 @@
 
 // The result of `body`, or the one that stands for the exception it raised.
 template <class Body>
-HRESULT Guarded(Body body) noexcept
+HRESULT ResultOf(Body body) noexcept
 {
     try {
         return body();
@@ -26,7 +26,7 @@ HRESULT Deliver(Value** out, Make make) noexcept
     if (!out)
         return E_POINTER;
     *out = nullptr;
-    return Guarded([&] {
+    return ResultOf([&] {
         *out = make();
         return *out ? S_OK : S_FALSE;
     });
