@@ -68,9 +68,9 @@ TEST_F(Import, RefusesWhatIsNoFile)
 {
     EXPECT_EQ(import->ImportFile(), E_INVALIDARG);
     EXPECT_EQ(import->InitImportWithoutDlg(nullptr), E_INVALIDARG);
-    EXPECT_EQ(ImportFrom(""), E_INVALIDARG);
-    EXPECT_EQ(import->ImportFile(), E_INVALIDARG);
     EXPECT_EQ(ImportFrom(folder.FilePath("missing.kds")), kNoSuchFile);
+    EXPECT_EQ(ImportFrom(""), E_INVALIDARG);
+    EXPECT_EQ(import->ImportFile(), E_INVALIDARG); // the path before is forgotten
     EXPECT_EQ(ImportFrom(folder.FilePath("missing/export.kds")), kNoSuchFile);
     EXPECT_EQ(ImportFrom(folder.WriteFile("file", "x") + "/export.kds"), kNoSuchFile);
     EXPECT_EQ(ImportFrom(folder.Path()), kInvalidData);
@@ -165,12 +165,25 @@ TEST_F(Import, ReadsEveryEncoding)
 
 TEST_F(Import, ReplacesWhatIsNoText)
 {
-    EXPECT_EQ(TextOf(LoadAndFind("<r>a\xFF"
-                                 "b\xC3</r>",
-                                 "r")),
-              "a"s + kReplacement + "b" + kReplacement);
-    const std::string halfPairs = "\xFF\xFE<\0r\0>\0\x00\xD8z\0\x00\xDC<\0/\0r\0>\0"s;
-    EXPECT_EQ(TextOf(LoadAndFind(halfPairs, "r")), kReplacement + "z"s + kReplacement);
+    const struct
+    {
+        std::string bytes;
+        std::string text;
+    } rows[] = {
+        {"<r>a\xFF\x62\xC3</r>", "a"s + kReplacement + "b" + kReplacement},
+        {"\xFF\xFE<\0r\0>\0\x00\xD8z\0\x00\xDC<\0/\0r\0>\0"s, kReplacement + "z"s + kReplacement},
+        {"\xFF\xFE<\0r\0>\0\x00\xD8\x00\xE0<\0/\0r\0>\0"s, kReplacement + "\xEE\x80\x80"s},
+        {"<\0\0\0r\0\0\0>\0\0\0\0\xD8\0\0\0\0\x11\0<\0\0\0/\0\0\0r\0\0\0>\0\0\0"s,
+         kReplacement + std::string(kReplacement)},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(TextOf(LoadAndFind(row.bytes, "r")), row.text) << testing::PrintToString(row.bytes);
+    for (std::size_t at = 0; at < 16; ++at) {
+        std::string text(16, 'x');
+        text[at] = '\xE4';
+        const ElementPtr root = LoadAndFind("<r>" + text + "</r>", "r");
+        EXPECT_EQ(TextOf(root), text.replace(at, 1, kReplacement)) << at;
+    }
     EXPECT_EQ(TextOf(LoadAndFind("<r>&#xD800;</r>", "r")).substr(0, 3), kReplacement);
 }
 
@@ -184,6 +197,10 @@ TEST_F(Import, ReadsLongUtf16)
         const ElementPtr root = LoadAndFind(Utf16("<r>" + text + "</r>", shift != 0), "r");
         EXPECT_TRUE(TextOf(root) == text);
     }
+    std::string name;
+    for (int i = 0; i < 400; ++i)
+        name += "\xE0\xA0\x80"; // more bytes than a conversion by pairs of units expects
+    EXPECT_EQ(TagOf(LoadAndFind(Utf16("<" + name + "/>", false), name)), name);
 }
 
 TEST_F(Import, ReplacesTheDocumentBefore)

@@ -19,11 +19,13 @@ using namespace std::string_literals;
 // Told the number of the call, from 1, before each read: how many bytes it may give, or an error below zero.
 std::function<long(int)> beforeRead;
 int reads = 0;
+bool isInherited = false; // by a program that is started during the load
 
 } // namespace
 
 extern "C" __attribute__((visibility("default"))) ssize_t read(int file, void* buffer, std::size_t bytes)
 {
+    isInherited |= beforeRead && !(fcntl(file, F_GETFD) & FD_CLOEXEC);
     const long allowed = beforeRead ? beforeRead(++reads) : static_cast<long>(bytes);
     if (allowed >= 0)
         return syscall(SYS_read, file, buffer, std::min(bytes, static_cast<std::size_t>(allowed)));
@@ -47,6 +49,7 @@ protected:
         const HRESULT result = ImportFrom(path);
         beforeRead = nullptr;
         EXPECT_GT(reads, 0);
+        EXPECT_FALSE(isInherited);
         return result;
     }
 
@@ -80,7 +83,7 @@ TEST_F(Reading, AFileThatShrinksIsWhatIsLeftOfIt)
     EXPECT_EQ(TagOf(Find("r")), "r");
 }
 
-TEST_F(Reading, WhatIsNoFileIsNotRead)
+TEST_F(Reading, WhatIsNoFileIsNotReadAndNothingStaysOpen)
 {
     const std::string pipe = folder.FilePath("pipe");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
@@ -91,8 +94,15 @@ TEST_F(Reading, WhatIsNoFileIsNotRead)
     ASSERT_EQ(bind(bound, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
     ASSERT_EQ(grantpt(terminal) | unlockpt(terminal), 0);
-    for (const std::string& entry : {pipe, std::string(address.sun_path), std::string(ptsname(terminal)), "/dev/null"s})
+    const int free = dup(bound);
+    close(free);
+    for (const std::string& entry : {pipe, std::string(address.sun_path), std::string(ptsname(terminal)), "/dev/null"s,
+                                     folder.WriteFile("broken.kds", "<r>"), folder.Path()})
         EXPECT_EQ(ImportFrom(entry), kInvalidData) << entry;
+    EXPECT_EQ(Load(kExport), S_OK);
+    const int stillFree = dup(bound);
+    EXPECT_EQ(stillFree, free); // nothing stays open, whatever came of it
+    close(stillFree);
     close(terminal);
     close(bound);
 }

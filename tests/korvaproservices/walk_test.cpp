@@ -55,7 +55,7 @@ TEST_F(Walk, ReadsAttributes)
 
 constexpr char kTree[] = "<r id='0'>"
                          "text<a id='1' k='v'/><b id='2' k='v' k='w'/><!-- a -->"
-                         "<a id='3' k='V'/><a id='4' k='v'><a id='5' k='v'/><c id='6'/></a>"
+                         "<a id='3' k='V'/>between<a id='4' k='v'><a id='5' k='v'/><c id='6'/></a>"
                          "<A id='7' k='v'/><a id='8'/><a id='9' k=''/><a id='10' k='v'/>"
                          "</r>";
 
@@ -87,6 +87,9 @@ TEST_F(Walk, FindsElementsOfTheDocument)
     EXPECT_EQ(RestOf(All("r")), "r=0");
     EXPECT_EQ(RestOf(All("R")), "");
     EXPECT_EQ(RestOf(All("")), "");
+    ASSERT_EQ(Load("<r><\xC2\x80 id='1'/><\xC2\x81 id='2'/></r>"), S_OK); // the first letters beyond ASCII
+    EXPECT_EQ(RestOf(All("\xC2\x80")), "\xC2\x80=1");
+    ASSERT_EQ(Load(kTree), S_OK);
     EXPECT_EQ(AttributeOf(Find("c"), "id"), "6");
     EXPECT_EQ(AttributeOf(Find("r"), "id"), "0");
     EXPECT_FALSE(Find("none"));
