@@ -6,6 +6,7 @@
 #include "platform/mfc/CBstr.h"
 #include "platform/mfc/CInterfacePtr.h"
 #include "platform/win32/CodePage.h"
+#include "support/HostView.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -17,58 +18,41 @@ using ElementPtr = CInterfacePtr<WalkElement>;
 using ListPtr = CInterfacePtr<WalkList>;
 
 constexpr char kReplacement[] = "\xEF\xBF\xBD"; // U+FFFD
+constexpr HRESULT kNoSuchFile = static_cast<HRESULT>(0x80070002U);
+constexpr HRESULT kInvalidData = static_cast<HRESULT>(0x8007000DU);
 
-inline CBstr Wide(std::string_view utf8)
+inline CBstr Wide(const std::string& utf8)
 {
-    const int bytes = static_cast<int>(utf8.size());
-    const int units = bytes ? MultiByteToWideChar(CP_UTF8, 0, utf8.data(), bytes, nullptr, 0) : 0;
-    CBstr wide;
-    *wide.Put() = SysAllocStringLen(nullptr, static_cast<UINT>(units));
-    if (bytes)
-        MultiByteToWideChar(CP_UTF8, 0, utf8.data(), bytes, wide.Get(), units);
-    return wide;
+    return CBstr::FromNarrow(utf8.c_str(), CP_UTF8);
 }
 
-// "(null)" for a null text, which the component never hands out with success.
-inline std::string Narrow(const CBstr& wide)
+// The text that `call` delivers, "(null)" for a null one.
+template <class Call>
+std::string Delivered(Call call)
 {
-    if (!wide.Get())
-        return "(null)";
-    const int units = static_cast<int>(wide.Length());
-    std::string utf8(wide.Length() * 3, '\0');
-    const int bytes = units ? WideCharToMultiByte(CP_UTF8, 0, wide.Get(), units, utf8.data(),
-                                                  static_cast<int>(utf8.size()), nullptr, nullptr)
-                            : 0;
-    utf8.resize(static_cast<std::size_t>(bytes));
-    return utf8;
+    CBstr text;
+    EXPECT_EQ(call(text.Put()), S_OK);
+    return Narrow(text.Get());
 }
 
 inline std::string TextOf(const ElementPtr& element)
 {
-    CBstr text;
-    EXPECT_EQ(element->GetText(text.Put()), S_OK);
-    return Narrow(text);
+    return Delivered([&](BSTR* text) { return element->GetText(text); });
 }
 
 inline std::string TagOf(const ElementPtr& element)
 {
-    CBstr tag;
-    EXPECT_EQ(element->GetTagName(tag.Put()), S_OK);
-    return Narrow(tag);
+    return Delivered([&](BSTR* tag) { return element->GetTagName(tag); });
 }
 
-inline std::string ChildTextOf(const ElementPtr& element, std::string_view tag)
+inline std::string ChildTextOf(const ElementPtr& element, const std::string& tag)
 {
-    CBstr text;
-    EXPECT_EQ(element->GetChildText(Wide(tag).Get(), text.Put()), S_OK);
-    return Narrow(text);
+    return Delivered([&](BSTR* text) { return element->GetChildText(Wide(tag).Get(), text); });
 }
 
-inline std::string AttributeOf(const ElementPtr& element, std::string_view name)
+inline std::string AttributeOf(const ElementPtr& element, const std::string& name)
 {
-    CBstr value;
-    EXPECT_EQ(element->GetAttribute(Wide(name).Get(), value.Put()), S_OK);
-    return Narrow(value);
+    return Delivered([&](BSTR* value) { return element->GetAttribute(Wide(name).Get(), value); });
 }
 
 // The rest of a list as "tag=id tag=id"; checks that it ends and stays at its end.
@@ -92,22 +76,17 @@ inline LONG CountOf(const ListPtr& list)
     return count;
 }
 
-inline ListPtr ChildrenOf(const ElementPtr& element)
+// All children, or those called `tag`.
+inline ListPtr ChildrenOf(const ElementPtr& element, const std::string& tag = "*")
 {
     ListPtr list;
-    EXPECT_EQ(element->GetChildren(list.Put()), S_OK);
+    EXPECT_EQ(tag == "*" ? element->GetChildren(list.Put()) : element->GetChildrenByName(Wide(tag).Get(), list.Put()),
+              S_OK);
     return list;
 }
 
-inline ListPtr ChildrenOf(const ElementPtr& element, std::string_view tag)
-{
-    ListPtr list;
-    EXPECT_EQ(element->GetChildrenByName(Wide(tag).Get(), list.Put()), S_OK);
-    return list;
-}
-
-inline ListPtr Select(const ElementPtr& element, std::string_view tag, std::string_view attribute,
-                      std::string_view value)
+inline ListPtr Select(const ElementPtr& element, const std::string& tag, const std::string& attribute,
+                      const std::string& value)
 {
     ListPtr list;
     EXPECT_EQ(element->SelectChildren(Wide(tag).Get(), Wide(attribute).Get(), Wide(value).Get(), list.Put()), S_OK);
@@ -133,7 +112,7 @@ protected:
         CoUninitialize();
     }
 
-    HRESULT ImportFrom(std::string_view path)
+    HRESULT ImportFrom(const std::string& path)
     {
         const HRESULT named = import->InitImportWithoutDlg(Wide(path).Get());
         return FAILED(named) ? named : import->ImportFile();
@@ -143,13 +122,13 @@ protected:
     HRESULT Load(std::string_view bytes) { return ImportFrom(folder.WriteFile("export.kds", bytes)); }
 
     // The first element called `tag` of a document that must load.
-    ElementPtr LoadAndFind(std::string_view bytes, std::string_view tag)
+    ElementPtr LoadAndFind(std::string_view bytes, const std::string& tag)
     {
         EXPECT_EQ(Load(bytes), S_OK) << bytes.substr(0, 100);
         return Find(tag);
     }
 
-    ElementPtr Find(std::string_view tag)
+    ElementPtr Find(const std::string& tag)
     {
         ElementPtr element;
         const HRESULT result = walk->FindElement(Wide(tag).Get(), element.Put());
@@ -157,7 +136,7 @@ protected:
         return element;
     }
 
-    ListPtr All(std::string_view tag)
+    ListPtr All(const std::string& tag)
     {
         ListPtr list;
         EXPECT_EQ(walk->GetElementList(Wide(tag).Get(), list.Put()), S_OK);

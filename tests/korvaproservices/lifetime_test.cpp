@@ -62,37 +62,33 @@ TEST_F(Lifetime, ElementsOutliveTheComponent)
     EXPECT_EQ(canUnloadNow(), S_OK);
 }
 
-TEST_F(Lifetime, CountsReferences)
+TEST_F(Lifetime, CountsReferencesOfEachIdentity)
 {
     const ElementPtr root = LoadAndFind("<r/>", "r");
     const ListPtr list = ChildrenOf(root);
-    IUnknown* const objects[] = {root.Get(), list.Get(), import.Get()};
-    const ULONG held[] = {1, 1, 2};
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(objects[i]->AddRef(), held[i] + 1);
-        EXPECT_EQ(objects[i]->AddRef(), held[i] + 2);
-        EXPECT_EQ(objects[i]->Release(), held[i] + 1);
-        EXPECT_EQ(objects[i]->Release(), held[i]);
+    const struct
+    {
+        IUnknown* object;
+        IID interfaceId, another;
+        ULONG held;
+    } rows[] = {{root.Get(), IID_WalkElement, IID_WalkList, 1},
+                {list.Get(), IID_WalkList, IID_WalkElement, 1},
+                {import.Get(), IID_ImportSource, IID_WalkList, 2}};
+    for (const auto& row : rows) {
+        void* found = this;
+        EXPECT_EQ(row.object->QueryInterface(row.another, &found), E_NOINTERFACE);
+        EXPECT_EQ(found, nullptr);
+        for (const IID& iid : {row.interfaceId, IID_IUnknown}) {
+            EXPECT_EQ(row.object->QueryInterface(iid, &found), S_OK);
+            EXPECT_EQ(found, row.object);
+        }
+        EXPECT_EQ(row.object->AddRef(), row.held + 3);
+        for (const ULONG left : {2U, 1U, 0U})
+            EXPECT_EQ(row.object->Release(), row.held + left);
     }
-}
-
-TEST_F(Lifetime, InterfacesBelongToOneObject)
-{
-    const ElementPtr root = LoadAndFind("<r/>", "r");
-    const ListPtr list = ChildrenOf(root);
-    const auto query = [](IUnknown* object, REFIID iid) {
-        CInterfacePtr<IUnknown> found;
-        const HRESULT result = object->QueryInterface(iid, found.PutVoid());
-        EXPECT_EQ(result, found ? S_OK : E_NOINTERFACE);
-        return found.Get();
-    };
-    EXPECT_EQ(query(import.Get(), IID_IUnknown), query(walk.Get(), IID_IUnknown));
-    EXPECT_EQ(query(walk.Get(), IID_ImportSource), import.Get());
-    EXPECT_EQ(query(import.Get(), IID_WalkElement), nullptr);
-    EXPECT_EQ(query(root.Get(), IID_IUnknown), query(root.Get(), IID_WalkElement));
-    EXPECT_EQ(query(root.Get(), IID_WalkList), nullptr);
-    EXPECT_EQ(query(list.Get(), IID_IUnknown), query(list.Get(), IID_WalkList));
-    EXPECT_EQ(query(list.Get(), IID_WalkSource), nullptr);
+    CInterfacePtr<IUnknown> identity;
+    EXPECT_EQ(walk->QueryInterface(IID_IUnknown, identity.PutVoid()), S_OK);
+    EXPECT_EQ(identity.Get(), import.Get());
 }
 
 TEST_F(Lifetime, ClassObject)
@@ -120,25 +116,19 @@ TEST_F(Lifetime, ClassObject)
 
 TEST_F(Lifetime, NullOutArguments)
 {
-    EXPECT_EQ(walk->FindElement(Wide("r").Get(), nullptr), E_POINTER); // nothing is loaded yet
+    const CBstr wide = Wide("k");
+    const BSTR key = wide.Get();
+    EXPECT_EQ(walk->FindElement(key, nullptr), E_POINTER); // nothing is loaded yet
     const ElementPtr root = LoadAndFind("<r/>", "r");
     const ListPtr list = ChildrenOf(root);
-    const CBstr key = Wide("k");
-    EXPECT_EQ(import->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
-    EXPECT_EQ(walk->FindElement(key.Get(), nullptr), E_POINTER);
-    EXPECT_EQ(walk->GetElementList(key.Get(), nullptr), E_POINTER);
-    EXPECT_EQ(root->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
-    EXPECT_EQ(root->GetText(nullptr), E_POINTER);
-    EXPECT_EQ(root->GetChildText(key.Get(), nullptr), E_POINTER);
-    EXPECT_EQ(root->GetAttribute(key.Get(), nullptr), E_POINTER);
-    EXPECT_EQ(root->GetChildren(nullptr), E_POINTER);
-    EXPECT_EQ(root->GetChildrenByName(key.Get(), nullptr), E_POINTER);
-    EXPECT_EQ(root->GetTagName(nullptr), E_POINTER);
-    EXPECT_EQ(root->SelectChildren(key.Get(), key.Get(), key.Get(), nullptr), E_POINTER);
-    EXPECT_EQ(list->QueryInterface(IID_IUnknown, nullptr), E_POINTER);
-    EXPECT_EQ(list->Next(nullptr), E_POINTER);
-    EXPECT_EQ(list->Item(0, nullptr), E_POINTER);
-    EXPECT_EQ(list->Count(nullptr), E_POINTER);
+    for (const HRESULT result :
+         {import->QueryInterface(IID_IUnknown, nullptr), walk->FindElement(key, nullptr),
+          walk->GetElementList(key, nullptr), root->QueryInterface(IID_IUnknown, nullptr), root->GetText(nullptr),
+          root->GetChildText(key, nullptr), root->GetAttribute(key, nullptr), root->GetChildren(nullptr),
+          root->GetChildrenByName(key, nullptr), root->GetTagName(nullptr),
+          root->SelectChildren(key, key, key, nullptr), list->Next(nullptr), list->Item(0, nullptr),
+          list->Count(nullptr)})
+        EXPECT_EQ(result, E_POINTER);
 }
 
 } // namespace
