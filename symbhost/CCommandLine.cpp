@@ -1,10 +1,10 @@
 #include "symbhost/CCommandLine.h"
 
-#include "symbhost/CTreeView.h"
-#include "symbhost/DumpCommand.h"
 #include "symbhost/Failure.h"
-#include "symbhost/InfoCommand.h"
 #include "symbhost/Text.h"
+#include "symbhost/commands/DumpCommand.h"
+#include "symbhost/commands/InfoCommand.h"
+#include "symbhost/output/CTreeView.h"
 
 #include <CLI/Validators.hpp>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "symbhost/BrowseCommand.h"
-#include "symbhost/CLoadedExport.h"
-#include "symbhost/COutput.h"
-#include "symbhost/ResolveCommand.h"
+#include "symbhost/commands/BrowseCommand.h"
+#include "symbhost/commands/ResolveCommand.h"
+#include "symbhost/output/COutput.h"
+#include "symbhost/plugin/CLoadedExport.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>

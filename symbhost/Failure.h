@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/mfc/Exceptions.h"
-#include "symbhost/COutput.h"
+#include "symbhost/output/COutput.h"
 
 #include <cerrno>
 #include <cstring>

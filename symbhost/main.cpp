@@ -2,7 +2,7 @@
 
 #include "platform/mfc/BrokenPipe.h"
 #include "symbhost/CCommandLine.h"
-#include "symbhost/COutput.h"
+#include "symbhost/output/COutput.h"
 
 #include <iostream>
 

@@ -1,7 +1,7 @@
 // A dump counts when the load that was asked for wrote all of it.
 #include "symbhost/HostFixture.h"
 
-#include "symbhost/DumpFile.h"
+#include "symbhost/commands/DumpFile.h"
 
 #include <algorithm>
 

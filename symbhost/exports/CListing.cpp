@@ -1,7 +1,7 @@
-#include "symbhost/CListing.h"
+#include "symbhost/exports/CListing.h"
 
 #include "platform/win32/CodePage.h"
-#include "symbhost/HostMemory.h"
+#include "symbhost/plugin/HostMemory.h"
 
 #include <utility>
 

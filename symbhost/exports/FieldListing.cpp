@@ -1,4 +1,4 @@
-#include "symbhost/FieldListing.h"
+#include "symbhost/exports/FieldListing.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "symb/CSymb.h"
-#include "symbhost/CConsoleSink.h"
+#include "symbhost/plugin/CConsoleSink.h"
 
 #include <string>
 

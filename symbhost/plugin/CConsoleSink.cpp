@@ -1,4 +1,4 @@
-#include "symbhost/CConsoleSink.h"
+#include "symbhost/plugin/CConsoleSink.h"
 
 #include "symbhost/Text.h"
 

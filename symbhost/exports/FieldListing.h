@@ -2,7 +2,7 @@
 #pragma once
 
 #include "symb/CSymb.h"
-#include "symbhost/CListing.h"
+#include "symbhost/exports/CListing.h"
 
 #include <string>
 #include <vector>

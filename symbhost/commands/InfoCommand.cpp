@@ -1,7 +1,7 @@
-#include "symbhost/InfoCommand.h"
+#include "symbhost/commands/InfoCommand.h"
 
-#include "symbhost/CListing.h"
 #include "symbhost/Failure.h"
+#include "symbhost/exports/CListing.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
-#include "symbhost/BrowseCommand.h"
+#include "symbhost/commands/BrowseCommand.h"
 
-#include "symbhost/CJsonArray.h"
-#include "symbhost/CTable.h"
-#include "symbhost/CTreeView.h"
 #include "symbhost/Failure.h"
-#include "symbhost/FieldListing.h"
+#include "symbhost/exports/FieldListing.h"
+#include "symbhost/output/CJsonArray.h"
+#include "symbhost/output/CTable.h"
+#include "symbhost/output/CTreeView.h"
 
 namespace {
 

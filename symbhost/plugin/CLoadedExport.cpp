@@ -1,9 +1,9 @@
-#include "symbhost/CLoadedExport.h"
+#include "symbhost/plugin/CLoadedExport.h"
 
 #include "platform/com/ClassObject.h"
-#include "symbhost/CTemporaryFolder.h"
 #include "symbhost/Failure.h"
 #include "symbhost/Text.h"
+#include "symbhost/plugin/CTemporaryFolder.h"
 
 CComApartment::CComApartment()
 {

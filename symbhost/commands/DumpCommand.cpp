@@ -1,8 +1,8 @@
-#include "symbhost/DumpCommand.h"
+#include "symbhost/commands/DumpCommand.h"
 
 #include "platform/win32/Clock.h"
-#include "symbhost/DumpFile.h"
 #include "symbhost/Failure.h"
+#include "symbhost/commands/DumpFile.h"
 
 int DumpCommand(const LoadOptions& options, COutput& output)
 {

@@ -1,4 +1,4 @@
-#include "symbhost/HostMemory.h"
+#include "symbhost/plugin/HostMemory.h"
 
 #include "platform/mfc/Exceptions.h"
 

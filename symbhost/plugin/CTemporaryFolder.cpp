@@ -1,4 +1,4 @@
-#include "symbhost/CTemporaryFolder.h"
+#include "symbhost/plugin/CTemporaryFolder.h"
 
 #include "symbhost/Failure.h"
 

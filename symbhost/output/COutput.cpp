@@ -1,4 +1,4 @@
-#include "symbhost/COutput.h"
+#include "symbhost/output/COutput.h"
 
 #include <cerrno>
 

@@ -1,4 +1,4 @@
-#include "symbhost/DumpFile.h"
+#include "symbhost/commands/DumpFile.h"
 
 #include "platform/win32/File.h"
 

@@ -1,4 +1,4 @@
-#include "symbhost/CTreeView.h"
+#include "symbhost/output/CTreeView.h"
 
 #include "symbhost/Text.h"
 

@@ -1,11 +1,11 @@
-#include "symbhost/ResolveCommand.h"
+#include "symbhost/commands/ResolveCommand.h"
 
-#include "symbhost/CJsonArray.h"
-#include "symbhost/CNameList.h"
-#include "symbhost/CTable.h"
 #include "symbhost/Failure.h"
-#include "symbhost/Lookup.h"
 #include "symbhost/Text.h"
+#include "symbhost/commands/CNameList.h"
+#include "symbhost/exports/Lookup.h"
+#include "symbhost/output/CJsonArray.h"
+#include "symbhost/output/CTable.h"
 
 #include <iostream>
 

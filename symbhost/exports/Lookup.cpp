@@ -1,8 +1,8 @@
-#include "symbhost/Lookup.h"
+#include "symbhost/exports/Lookup.h"
 
 #include "platform/win32/CodePage.h"
-#include "symbhost/HostMemory.h"
 #include "symbhost/Text.h"
+#include "symbhost/plugin/HostMemory.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "symbhost/CJsonArray.h"
+#include "symbhost/output/CJsonArray.h"
 
 void CJsonArray::Add(const nlohmann::ordered_json& element)
 {

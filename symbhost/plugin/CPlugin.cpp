@@ -1,4 +1,4 @@
-#include "symbhost/CPlugin.h"
+#include "symbhost/plugin/CPlugin.h"
 
 #include "platform/win32/File.h"
 #include "symbhost/Failure.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "symbhost/CListing.h"
-#include "symbhost/COutput.h"
+#include "symbhost/exports/CListing.h"
+#include "symbhost/output/COutput.h"
 
 #include <string>
 

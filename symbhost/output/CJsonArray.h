@@ -1,6 +1,6 @@
 #pragma once
 
-#include "symbhost/COutput.h"
+#include "symbhost/output/COutput.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "symbhost/CConsoleSink.h"
-#include "symbhost/CPlugin.h"
+#include "symbhost/plugin/CConsoleSink.h"
+#include "symbhost/plugin/CPlugin.h"
 
 #include <chrono>
 #include <optional>

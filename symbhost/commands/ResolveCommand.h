@@ -1,7 +1,7 @@
 #pragma once
 
-#include "symbhost/CLoadedExport.h"
-#include "symbhost/COutput.h"
+#include "symbhost/output/COutput.h"
+#include "symbhost/plugin/CLoadedExport.h"
 
 #include <string>
 #include <vector>

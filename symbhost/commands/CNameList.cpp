@@ -1,4 +1,4 @@
-#include "symbhost/CNameList.h"
+#include "symbhost/commands/CNameList.h"
 
 #include "symbhost/Failure.h"
 #include "symbhost/Text.h"

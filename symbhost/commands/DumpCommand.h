@@ -1,7 +1,7 @@
 #pragma once
 
-#include "symbhost/CLoadedExport.h"
-#include "symbhost/COutput.h"
+#include "symbhost/output/COutput.h"
+#include "symbhost/plugin/CLoadedExport.h"
 
 // Loads the export with a dump into options.dumpDir and prints the dump's path,
 // once it is sure that this load wrote all of it. Raises CHostError when the

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "symbhost/CListing.h"
-#include "symbhost/CLoadedExport.h"
-#include "symbhost/COutput.h"
+#include "symbhost/exports/CListing.h"
+#include "symbhost/output/COutput.h"
+#include "symbhost/plugin/CLoadedExport.h"
 
 #include <optional>
 #include <string>

@@ -1,4 +1,4 @@
-#include "symbhost/CTable.h"
+#include "symbhost/output/CTable.h"
 
 #include "symbhost/Text.h"
 
