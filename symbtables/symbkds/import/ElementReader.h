@@ -26,11 +26,6 @@ struct ImportKeys
     const CBstr isVariableHidden{OLESTR("IsVariableHidden")};
 };
 
-constexpr std::uint16_t kReadWrite = 3; // the access rights of what does not say
-
-// The access rights that a RequestAccessRight value stands for.
-std::uint16_t AccessRightsFrom(std::int32_t requested);
-
 // UTF-8 of an attribute and of a child's text; empty when the component does not deliver it.
 CString ReadAttribute(WalkElement& element, const CBstr& attribute);
 CString ReadChildText(WalkElement& element, const CBstr& tag);

@@ -1,5 +1,7 @@
 #include "symbkds/import/MemberReader.h"
 
+#include "symbkds/model/AccessRights.h"
+
 namespace {
 
 // Fills in comment, placement and access rights. False when one of the selections delivered no list.

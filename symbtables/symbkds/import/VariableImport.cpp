@@ -3,6 +3,7 @@
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/frame/Guard.h"
 #include "symbkds/import/ElementReader.h"
+#include "symbkds/model/AccessRights.h"
 #include "symbkds/model/CSymbXMLDDTDef.h"
 #include "symbkds/model/ElementaryTypes.h"
 #include "symbkds/model/WideToUtf8.h"

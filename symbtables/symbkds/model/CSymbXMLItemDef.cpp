@@ -23,14 +23,5 @@ bool CSymbXMLItemDef::IsElementaryScalar() const
 
 bool CSymbXMLItemDef::IsBitOrWordType() const
 {
-    switch (typeCode) {
-    case kBoolCode:
-    case kEBoolCode:
-    case kIntCode:
-    case kUIntCode:
-    case kWordCode:
-        return true;
-    default:
-        return false;
-    }
+    return IsBitOrWordCode(typeCode);
 }

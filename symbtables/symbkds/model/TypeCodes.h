@@ -31,3 +31,18 @@ constexpr bool HasArrayFlags(std::uint32_t code)
     constexpr std::uint32_t kBoth = 0x0080 | 0x0008;
     return (code & kBoth) == kBoth;
 }
+
+// Whether a code is that of BOOL, EBOOL, INT, UINT or WORD: the types that a plain name serves.
+constexpr bool IsBitOrWordCode(std::uint32_t code)
+{
+    switch (code) {
+    case kBoolCode:
+    case kEBoolCode:
+    case kIntCode:
+    case kUIntCode:
+    case kWordCode:
+        return true;
+    default:
+        return false;
+    }
+}

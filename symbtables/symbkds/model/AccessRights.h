@@ -1,0 +1,8 @@
+#pragma once
+
+#include <cstdint>
+
+constexpr std::uint16_t kReadWrite = 3; // the access rights of what does not say
+
+// The access rights that a RequestAccessRight value stands for: 1 read, 2 write, 3 both, 0 none.
+std::uint16_t AccessRightsFrom(std::int32_t requested);
