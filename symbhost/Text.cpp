@@ -111,6 +111,19 @@ std::string Printable(std::string_view text)
     return printable;
 }
 
+std::string ValidUtf8(std::string_view text)
+{
+    if (std::ranges::none_of(text, [](char byte) { return (static_cast<unsigned char>(byte) & 0x80U) != 0; }))
+        return std::string(text);
+    std::string valid;
+    while (!text.empty()) {
+        const std::size_t bytes = DecodeUtf8(text).bytes;
+        valid += bytes == 0 ? "\xEF\xBF\xBD" : text.substr(0, bytes);
+        text.remove_prefix(std::max<std::size_t>(bytes, 1));
+    }
+    return valid;
+}
+
 std::size_t DisplayWidth(std::string_view printable)
 {
     return static_cast<std::size_t>(std::count_if(printable.begin(), printable.end(), [](char byte) {

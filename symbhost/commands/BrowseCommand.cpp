@@ -28,14 +28,14 @@ class CPagePrinter
 public:
     CPagePrinter(COutput& target, bool markPages) : output(target), showPages(markPages) {}
 
-    void Print(const CListing& listing, const std::string& startsAt, const std::vector<ListingEntry>& page)
+    void Print(const std::string& startsAt, const std::vector<ListingEntry>& page)
     {
         ++number;
         if (showPages)
             output.Line("-- page " + std::to_string(number) +
                         (startsAt.empty() ? "" : ", from " + Printable(startsAt)));
         for (const ListingEntry& entry : page)
-            output.Line((entry.isBranch ? "branch  " : "leaf    ") + Printable(listing.SymbolOf(entry)));
+            output.Line((entry.isBranch ? "branch  " : "leaf    ") + Printable(entry.symbol));
         output.Flush();
     }
 
@@ -50,7 +50,7 @@ int PrintLines(CListing& listing, const BrowseOptions& options, COutput& output)
     CPagePrinter printer(output, options.page.has_value());
     std::vector<ListingEntry> page;
     for (std::string startsAt; listing.NextPage(page); startsAt = listing.ResumeAt())
-        printer.Print(listing, startsAt, page);
+        printer.Print(startsAt, page);
     return Report(options.request, listing.Failure());
 }
 
@@ -60,7 +60,7 @@ int PrintJson(CListing& listing, const BrowseOptions& options, COutput& output)
     std::vector<ListingEntry> page;
     while (listing.NextPage(page)) {
         for (const ListingEntry& entry : page)
-            array.Add({{"name", entry.name}, {"itemId", entry.itemId}, {"kind", KindText(entry)}});
+            array.Add({{"name", entry.name}, {"itemId", entry.symbol}, {"kind", KindText(entry)}});
     }
     array.Finish();
     return Report(options.request, listing.Failure());

@@ -39,7 +39,7 @@ std::string BrowseFailure(HRESULT result)
 }
 
 CListing::CListing(CSymb& source, ListingRequest wanted)
-    : table(source), request(std::move(wanted)), parentId(WideText(request.path, CP_UTF8))
+    : table(source), request(std::move(wanted)), resumeAt(request.startAt)
 {}
 
 bool CListing::NextPage(std::vector<ListingEntry>& page)
@@ -53,16 +53,14 @@ bool CListing::NextPage(std::vector<ListingEntry>& page)
     const BOOL branchesOnly = request.wantBranches && !request.wantLeaves;
     const HRESULT result = table.BrowseSymbolsWithProperties(
         request.filter.c_str(), request.pattern.c_str(), request.varType, request.path.c_str(), 0, 0, branchesOnly,
-        request.wantLeaves, request.wantBranches, 0, nullptr, parentId.c_str(), point.Slot(), request.pageSize, 0, 0, 0,
-        0, &moreElements, &elements.count, &elements.items, &elements.capacity, nullptr);
+        request.wantLeaves, request.wantBranches, 0, nullptr, nullptr, point.Slot(), request.pageSize, 0, 0, 0, 0,
+        &moreElements, &elements.count, &elements.items, &elements.capacity, nullptr);
     if (FAILED(result))
         return Fail(BrowseFailure(result));
     if (elements.count == 0 && !resumeAt.empty())
         return Fail("the listing cannot be resumed at " + resumeAt);
     for (DWORD index = 0; index < elements.count; ++index) {
-        const BrowseElement& element = elements.items[index];
-        page.push_back({NarrowText(element.name, CP_THREAD_ACP), NarrowText(element.itemId, CP_THREAD_ACP),
-                        element.kind == BrowseElement::kBranch});
+        page.push_back(EntryOf(elements.items[index]));
     }
     more = moreElements != 0;
     if (more) {
@@ -71,6 +69,21 @@ bool CListing::NextPage(std::vector<ListingEntry>& page)
             Fail("the listing comes back to " + resumeAt + ", which it holds more than once");
     }
     return true;
+}
+
+ListingEntry CListing::EntryOf(const BrowseElement& element) const
+{
+    ListingEntry entry{NarrowText(element.name, CP_THREAD_ACP), {}, element.kind == BrowseElement::kBranch, false};
+    if (request.path.empty()) {
+        entry.symbol = entry.name;
+        return entry;
+    }
+    // Without a parent's identifier the plug-in's is what follows the path: ".NAME" or "[INDEX]". That holds for
+    // paths of any length, of which an identifier would keep the first 1023 bytes.
+    const std::string behindPath = NarrowText(element.itemId, CP_THREAD_ACP);
+    entry.symbol = request.path + behindPath;
+    entry.isElement = behindPath.starts_with('[');
+    return entry;
 }
 
 bool CListing::Fail(const std::string& reason)

@@ -7,6 +7,9 @@
 #include <unordered_set>
 #include <vector>
 
+// The plug-in lists no more elements of an array than these.
+constexpr DWORD kListedElements = 1'048'576;
+
 // What a listing asks for. Texts are UTF-8.
 struct ListingRequest
 {
@@ -16,14 +19,16 @@ struct ListingRequest
     WORD varType = 0;
     bool wantLeaves = true;
     bool wantBranches = true;
-    DWORD pageSize = 1000; // entries; 0: all in one page
+    DWORD pageSize = 1000;    // entries; 0: all in one page
+    std::string startAt = {}; // the entry to begin with; empty: the first
 };
 
 struct ListingEntry
 {
     std::string name;
-    std::string itemId; // as the plug-in gave it, with the path as its parent
+    std::string symbol; // what the entry is called in lookups and further listings
     bool isBranch;
+    bool isElement; // of an array
 };
 
 // Why a browse operation answered `result`; empty for a success.
@@ -47,19 +52,14 @@ public:
     const std::string& ResumeAt() const { return resumeAt; }
     // Why the listing is not complete; empty when it is, as far as it was read.
     const std::string& Failure() const { return failure; }
-    // What the listing's entry is called in lookups and further listings.
-    const std::string& SymbolOf(const ListingEntry& entry) const
-    {
-        return request.path.empty() ? entry.name : entry.itemId;
-    }
 
 private:
     // Ends the listing; false.
     bool Fail(const std::string& reason);
+    ListingEntry EntryOf(const BrowseElement& element) const;
 
     CSymb& table;
     ListingRequest request;
-    WideString parentId;
     bool more = true;
     std::string resumeAt;
     std::unordered_set<std::string> resumed; // every name so far

@@ -28,7 +28,7 @@ std::string CTreeView::PrintLevel(const ListingRequest& request, const std::stri
             const bool isCut = entry.isBranch && level == depth; // there may be more below it
             output.Line(indent + (isLast ? kLast : kInner) + Printable(entry.name) + (isCut ? " ..." : ""));
             if (entry.isBranch && !isCut)
-                PrintBelow(request, listing.SymbolOf(entry), indent + (isLast ? kBelowLast : kBesideInner), level + 1);
+                PrintBelow(request, entry.symbol, indent + (isLast ? kBelowLast : kBesideInner), level + 1);
         }
         output.Flush();
     }

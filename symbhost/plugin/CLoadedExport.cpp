@@ -16,7 +16,8 @@ CComApartment::~CComApartment()
     CoUninitialize();
 }
 
-CLoadedExport::CLoadedExport(const LoadOptions& options) : plugin(options.pluginPath), table(plugin.NewSymbolTable())
+CLoadedExport::CLoadedExport(const LoadOptions& options)
+    : path(options.exportPath), plugin(options.pluginPath), table(plugin.NewSymbolTable())
 {
     std::optional<CTemporaryFolder> temporary; // the dump is written by Init alone, so it may go right after
     const std::string dumpDir = options.dumpDir ? *options.dumpDir : temporary.emplace().Path();

@@ -34,6 +34,8 @@ public:
     explicit CLoadedExport(const LoadOptions& options);
 
     CSymb& Table() const { return *table; }
+    // As given, in the ANSI code page.
+    const std::string& Path() const { return path; }
     CConsoleSink& Sink() { return sink; }
     DWORD TypeCode() const { return plugin.TypeCode(); }
     // How long Init took.
@@ -42,6 +44,7 @@ public:
 private:
     // Destroyed from the last to the first: the table before the sink and the library that it uses.
     CComApartment apartment;
+    std::string path;
     CConsoleSink sink;
     CPlugin plugin;
     SymbHolder table;

@@ -1,0 +1,136 @@
+#include "symbhost/exports/CExportFile.h"
+
+#include "platform/com/ClassObject.h"
+#include "platform/win32/CodePage.h"
+#include "symbhost/Failure.h"
+#include "symbhost/Text.h"
+#include "symbhost/exports/ElementReading.h"
+#include "symbhost/exports/UpperName.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace {
+
+const CElementReader& Reader()
+{
+    static const CElementReader reader;
+    return reader;
+}
+
+CInterfacePtr<WalkSource> LoadExport(const std::string& path)
+{
+    const auto check = [&path](HRESULT result) {
+        if (FAILED(result))
+            throw CHostError("the export " + path + " cannot be read: " + ResultText(result));
+    };
+    CInterfacePtr<ImportSource> import;
+    check(CoCreateInstance(CLSID_KorvaProServices, nullptr, CLSCTX_INPROC_SERVER, IID_ImportSource, import.PutVoid()));
+    check(import->InitImportWithoutDlg(CBstr::FromNarrow(path.c_str(), CP_THREAD_ACP).Get()));
+    check(import->ImportFile());
+    CInterfacePtr<WalkSource> walk;
+    check(import->QueryInterface(IID_WalkSource, walk.PutVoid()));
+    return walk;
+}
+
+std::size_t CountOf(WalkList* list)
+{
+    LONG count = 0;
+    return list && list->Count(&count) == S_OK && count > 0 ? static_cast<std::size_t>(count) : 0;
+}
+
+// The names of a list of `count` things, to be found by hash.
+template <class Position, class NameAt>
+std::vector<Position> IndexOf(std::size_t count, NameAt&& nameAt)
+{
+    std::vector<Position> index;
+    index.reserve(count);
+    for (std::size_t position = 0; position < count; ++position)
+        index.push_back({HashOf(UpperName(nameAt(position))), static_cast<std::uint32_t>(position)});
+    std::ranges::sort(index, {}, [](const Position& entry) { return std::tuple(entry.hash, entry.position); });
+    return index;
+}
+
+// The positions whose names equal `upperName`, from the last to the first.
+template <class Position, class NameAt>
+std::vector<std::size_t> FindIn(const std::vector<Position>& index, const std::string& upperName, NameAt&& nameAt)
+{
+    std::vector<std::size_t> found;
+    for (const Position& entry : std::ranges::equal_range(index, HashOf(upperName), {}, &Position::hash))
+        if (UpperName(nameAt(entry.position)) == upperName)
+            found.push_back(entry.position);
+    std::ranges::reverse(found);
+    return found;
+}
+
+} // namespace
+
+CExportFile::CExportFile(const std::string& path) : source(LoadExport(path))
+{
+    CInterfacePtr<WalkElement> dataBlock;
+    source->FindElement(CBstr(OLESTR("dataBlock")).Get(), dataBlock.Put());
+    if (dataBlock)
+        dataBlock->GetChildrenByName(CBstr(OLESTR("variables")).Get(), variables.Put());
+    variableCount = CountOf(variables.Get());
+}
+
+CExportFile::~CExportFile() = default;
+
+std::size_t CExportFile::CountDataBlocks() const
+{
+    CInterfacePtr<WalkList> list;
+    source->GetElementList(CBstr(OLESTR("dataBlock")).Get(), list.Put());
+    return CountOf(list.Get());
+}
+
+ExportItem CExportFile::ReadVariable(std::size_t position) const
+{
+    CInterfacePtr<WalkElement> element;
+    variables->Item(static_cast<LONG>(position), element.Put());
+    return element ? Reader().ReadItem(*element.Get()) : ExportItem();
+}
+
+std::string CExportFile::ReadVariableName(std::size_t position) const
+{
+    CInterfacePtr<WalkElement> element;
+    variables->Item(static_cast<LONG>(position), element.Put());
+    return element ? Reader().ReadName(*element.Get()) : std::string();
+}
+
+std::vector<std::size_t> CExportFile::FindVariables(const std::string& name) const
+{
+    const auto nameAt = [this](std::size_t position) { return ReadVariableName(position); };
+    if (names.empty())
+        names = IndexOf<NamePosition>(variableCount, nameAt);
+    return FindIn(names, UpperName(name), nameAt);
+}
+
+void CExportFile::ReadTypes(const char* tag, ExportType::Kind kind) const
+{
+    CInterfacePtr<WalkList> list;
+    source->GetElementList(CBstr::FromNarrow(tag, CP_UTF8).Get(), list.Put());
+    ForEachElement(list.Get(), [&](WalkElement& element) {
+        types.push_back(kind == ExportType::Kind::FunctionBlock ? Reader().ReadFunctionBlock(element)
+                                                                : Reader().ReadDerivedType(element));
+    });
+}
+
+const std::vector<ExportType>& CExportFile::Types() const
+{
+    if (!hasTypes) {
+        ReadTypes("DDTSource", ExportType::Kind::Structure);
+        ReadTypes("FBSource", ExportType::Kind::FunctionBlock);
+        hasTypes = true;
+    }
+    return types;
+}
+
+const ExportType* CExportFile::FindType(const std::string& name) const
+{
+    Types();
+    const auto nameAt = [this](std::size_t position) -> const std::string& { return types[position].name; };
+    if (typeNames.empty())
+        typeNames = IndexOf<NamePosition>(types.size(), nameAt);
+    const std::vector<std::size_t> found = FindIn(typeNames, UpperName(name), nameAt);
+    return found.empty() ? nullptr : &types[found.front()];
+}

@@ -1,0 +1,47 @@
+#include "symbhost/exports/CRowStore.h"
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace {
+
+constexpr std::size_t kBlockBytes = 256 * 1024;
+
+} // namespace
+
+char* CRowStore::Room(std::size_t bytes)
+{
+    if (bytes > freeBytes) {
+        freeBytes = std::max(bytes, kBlockBytes);
+        blocks.push_back(std::make_unique<char[]>(freeBytes));
+        free = blocks.back().get();
+    }
+    freeBytes -= bytes;
+    return std::exchange(free, free + bytes);
+}
+
+const char* CRowStore::Keep(std::string_view text)
+{
+    if (text.empty())
+        return "";
+    const char*& known = recent[std::hash<std::string_view>()(text) % kRecentTexts];
+    if (known && known == text)
+        return known;
+    char* const kept = Room(text.size() + 1);
+    *std::ranges::copy(text, kept).out = '\0';
+    return known = kept;
+}
+
+void CRowStore::Add(const Row& row)
+{
+    rows.push_back({row, Keep(row.name), Keep(row.address), Keep(row.typeName), Keep(row.kindName), Keep(row.comment),
+                    Keep(row.customerString)});
+}
+
+Row CRowStore::At(std::size_t index) const
+{
+    const StoredRow& stored = rows[index];
+    return {stored.facts,    stored.name,    stored.address,       stored.typeName,
+            stored.kindName, stored.comment, stored.customerString};
+}

@@ -1,0 +1,172 @@
+#include "symbhost/exports/CWalk.h"
+
+#include "symbhost/exports/ListedReason.h"
+#include "symbhost/exports/UpperName.h"
+#include "symbkds/model/ElementaryTypes.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+// A path without its last step; empty for a plain name.
+std::string ParentOf(const std::string& path)
+{
+    const std::size_t end = path.find_last_of(".[");
+    return end == std::string::npos ? std::string() : path.substr(0, end);
+}
+
+} // namespace
+
+CWalk::CWalk(const CProject& walked, const WalkOptions& wanted) : project(walked), options(wanted)
+{
+    Begin();
+}
+
+void CWalk::Begin()
+{
+    if (options.path.empty()) {
+        levels.push_back({CListing(project.Table(), {}), {}, {}});
+        return;
+    }
+    ListingEntry entry{options.path, options.path, false, false};
+    const std::string parent = ParentOf(entry.name);
+    const bool isMember = !parent.empty() && entry.name[parent.size()] == '.';
+    std::string parentType;
+    if (isMember) {
+        Describe({parent, parent, true, false}, {});
+        parentType = std::exchange(upperType, {});
+        entry.name = entry.name.substr(parent.size() + 1);
+    }
+    Describe(entry, parentType);
+    const bool isListed = Enter(entry.symbol);
+    std::vector<ListingEntry> above;
+    if (isListed)
+        entry.isBranch = true;
+    else if (row.IsServed())
+        entry.isBranch = !FindElementaryType(row.typeName, NameCase::Ignored);
+    else if (root && root->isListed)
+        entry.isBranch = root->isBranch;
+    else if (const ListingEntry* found = FindAbove(above))
+        entry.isBranch = found->isBranch;
+    else
+        isFound = false;
+    row.isBranch = entry.isBranch;
+    SetReason(entry, entry.isBranch && !isListed);
+    hasRow = isFound && (options.branches || !entry.isBranch);
+}
+
+const ListingEntry* CWalk::FindAbove(std::vector<ListingEntry>& page) const
+{
+    ListingRequest request;
+    request.path = ParentOf(options.path);
+    if (request.path.empty())
+        return nullptr;
+    const std::string wanted = UpperName(options.path);
+    CListing listing(project.Table(), request);
+    while (listing.NextPage(page))
+        for (const ListingEntry& entry : page)
+            if (UpperName(entry.symbol) == wanted)
+                return &entry;
+    return nullptr;
+}
+
+bool CWalk::Next()
+{
+    while (!std::exchange(hasRow, false)) {
+        if (levels.empty())
+            return false;
+        Level& level = levels.back();
+        if (level.position == level.page.size()) {
+            level.position = 0;
+            if (!level.listing.NextPage(level.page))
+                Leave();
+            continue;
+        }
+        const ListingEntry entry = std::move(level.page[level.position++]);
+        if (entry.isElement && options.elements != 0 && level.entries >= options.elements) {
+            levels.pop_back();
+            continue;
+        }
+        ++level.entries;
+        Visit(entry);
+    }
+    return true;
+}
+
+void CWalk::Visit(const ListingEntry& entry)
+{
+    Describe(entry, levels.back().upperType);
+    row.isBranch = entry.isBranch;
+    hasRow = options.branches || !entry.isBranch;
+    bool hasUnknownType = false;
+    if (entry.isBranch) {
+        const bool isRing =
+            !upperType.empty() && std::ranges::find(levels, upperType, &Level::upperType) != levels.end();
+        if (isRing)
+            NoteCut(entry.symbol, "its type " + upperType + " stands above it");
+        else
+            hasUnknownType = !Enter(entry.symbol);
+    }
+    SetReason(entry, hasUnknownType);
+}
+
+void CWalk::Describe(const ListingEntry& entry, const std::string& parentType)
+{
+    root.reset();
+    answer = project.LookUp(entry.symbol);
+    row = RowOf(answer);
+    if (!row.IsServed()) {
+        if (entry.name == entry.symbol)
+            root = project.FindRoot(entry.symbol);
+        if (root)
+            AddExport(row, root->item);
+    }
+    upperType = UpperName(row.known != Row::Known::Nothing ? std::string(row.typeName)
+                                                           : project.MemberType(parentType, entry.name));
+}
+
+void CWalk::SetReason(const ListingEntry& entry, bool hasUnknownType)
+{
+    if (row.IsServed())
+        return;
+    row.reason =
+        root ? ReasonOfRoot(answer, root->item, entry.isBranch)
+             : ReasonOfMember(answer, entry.isElement ? std::string_view("element") : entry.name, hasUnknownType);
+}
+
+bool CWalk::Enter(const std::string& symbol)
+{
+    ListingRequest request;
+    request.path = symbol;
+    Level level{CListing(project.Table(), request), symbol, upperType};
+    if (level.listing.NextPage(level.page)) {
+        levels.push_back(std::move(level));
+        return true;
+    }
+    const std::string& failure = level.listing.Failure();
+    const bool isTooDeep = !answer.IsResolved() && IsNoPath(answer);
+    if (isTooDeep)
+        NoteCut(symbol, "no path has more steps");
+    else if (failure != BrowseFailure(E_INVALIDARG))
+        NoteCut(symbol, failure);
+    return false;
+}
+
+void CWalk::Leave()
+{
+    const Level level = std::move(levels.back());
+    levels.pop_back();
+    if (!level.listing.Failure().empty())
+        NoteCut(level.path, level.listing.Failure());
+    else if (level.entries >= kListedElements && project.IsListingCut(level.path))
+        NoteCut(level.path, "no listing holds more than " + std::to_string(kListedElements) + " elements");
+}
+
+void CWalk::NoteCut(const std::string& symbol, const std::string& why)
+{
+    if (cut.count++ == 0) {
+        cut.first = symbol;
+        cut.why = why;
+    }
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "symbhost/exports/CProject.h"
+
+#include <string>
+#include <vector>
+
+struct WalkOptions
+{
+    std::string path; // below which to walk; empty: all variables
+    bool branches = false;
+    DWORD elements = 0; // at most so many of each dimension; 0: all
+};
+
+// What a walk left out.
+struct WalkCut
+{
+    std::size_t count = 0;
+    std::string first; // the first symbol below which something is missing
+    std::string why;   // of that one
+};
+
+// Walks depth first in listing order over what a host is listed, and looks each symbol up.
+//
+// Yields leaves, with `branches` what has members too; of a path, then, the path itself first. Does not go
+// into a type that stands above itself. One page of each level is in memory at a time.
+class CWalk
+{
+public:
+    CWalk(const CProject& walked, const WalkOptions& wanted);
+
+    // Whether the path leads to something.
+    bool IsFound() const { return isFound; }
+    // Steps to the next symbol; false at the end. Passes CMemoryException on.
+    bool Next();
+    // The symbol; its texts are valid until the next step.
+    const Row& Current() const { return row; }
+    const WalkCut& Cut() const { return cut; }
+
+private:
+    struct Level
+    {
+        CListing listing;
+        std::string path;
+        std::string upperType; // of what is listed; empty: not known
+        std::vector<ListingEntry> page = {};
+        std::size_t position = 0; // in the page
+        std::size_t entries = 0;  // seen so far
+    };
+
+    void Begin();
+    // The entry of the path in the listing above it, where neither a lookup nor a listing of its own answers.
+    const ListingEntry* FindAbove(std::vector<ListingEntry>& page) const;
+    void Visit(const ListingEntry& entry);
+    // Looks a symbol up and fills `row`; the facts of a variable that is not served come from the export.
+    void Describe(const ListingEntry& entry, const std::string& parentType);
+    void SetReason(const ListingEntry& entry, bool hasUnknownType);
+    // Starts to list below the symbol that `row` describes; false when its type is not known.
+    bool Enter(const std::string& symbol);
+    // Ends the level that lists last.
+    void Leave();
+    void NoteCut(const std::string& symbol, const std::string& why);
+
+    const CProject& project;
+    WalkOptions options;
+    std::vector<Level> levels;
+    bool isFound = true;
+    bool hasRow = false; // `row` is to be yielded
+    Row row;
+    LookupAnswer answer{};              // holds the row's texts
+    std::optional<CProject::Root> root; // or this does
+    std::string upperType;              // of the row
+    WalkCut cut;
+};
