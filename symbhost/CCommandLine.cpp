@@ -34,6 +34,7 @@ CCommandLine::CCommandLine()
     info = AddCommand("info", "Load the export and tell what is in it", true);
     AddResolve();
     AddBrowse();
+    AddList();
     dump = AddCommand("dump", "Write the loaded dictionaries into a file and print its path", false);
     dump->add_option("DIR", loadOptions.dumpDir, "Existing folder for the file")->required();
 }
@@ -94,6 +95,34 @@ void CCommandLine::AddBrowse()
         ->check(CLI::Range(1U, CTreeView::kDeepest));
 }
 
+void CCommandLine::AddList()
+{
+    list = AddCommand("list", "List symbols down to the last value, with their places", true);
+    list->add_option("PATH", listOptions.paths, "Symbols below which to list; without one all variables");
+    list->add_flag("--all", listOptions.walk.branches, "List what has members too");
+    list->add_option("--name", listOptions.filter.name, "Only names like this: * any text, ? one character, any case")
+        ->type_name("GLOB");
+    list->add_option("--type", listOptions.filter.type, "Only symbols of this type, any case")->type_name("TYPE");
+    list->add_option("--comment", listOptions.filter.comment, "Only comments that hold this text, any case")
+        ->type_name("TEXT");
+    list->add_option("--customer", listOptions.filter.customer, "Only customer strings that hold this text, any case")
+        ->type_name("TEXT");
+    list->add_option("--elements", listOptions.walk.elements, "At most N elements of each dimension")
+        ->type_name("N")
+        ->check(CLI::Range(DWORD{1}, kListedElements));
+    AddForm(*list, listOptions.form);
+}
+
+void CCommandLine::AddForm(CLI::App& command, OutputForm& form)
+{
+    CLI::Option* const json = command.add_flag_callback(
+        "--json", [&form] { form = OutputForm::Json; }, "Print a JSON array, an object for each row");
+    command
+        .add_flag_callback(
+            "--csv", [&form] { form = OutputForm::Csv; }, "Print CSV with a header row")
+        ->excludes(json);
+}
+
 int CCommandLine::Run(int argc, const char* const* argv, COutput& output)
 {
     try {
@@ -119,6 +148,8 @@ int CCommandLine::RunLoaded(CLoadedExport& loaded, COutput& output)
         return InfoCommand(loaded, output);
     if (resolve->parsed())
         return ResolveCommand(loaded, resolveOptions, output);
+    if (list->parsed())
+        return ListCommand(loaded, listOptions, output);
     browseOptions.request.path = Utf8FromArgument(browseOptions.request.path);
     browseOptions.request.pattern = Utf8FromArgument(browseOptions.request.pattern);
     return BrowseCommand(loaded, browseOptions, output);

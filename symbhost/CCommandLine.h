@@ -1,6 +1,7 @@
 #pragma once
 
 #include "symbhost/commands/BrowseCommand.h"
+#include "symbhost/commands/ListCommand.h"
 #include "symbhost/commands/ResolveCommand.h"
 #include "symbhost/output/COutput.h"
 #include "symbhost/plugin/CLoadedExport.h"
@@ -22,6 +23,8 @@ private:
     CLI::App* AddCommand(const std::string& name, const std::string& description, bool hasDumpDir);
     void AddResolve();
     void AddBrowse();
+    void AddList();
+    static void AddForm(CLI::App& command, OutputForm& form);
     int RunLoaded(CLoadedExport& loaded, COutput& output);
 
     CLI::App app;
@@ -29,7 +32,9 @@ private:
     CLI::App* resolve = nullptr;
     CLI::App* browse = nullptr;
     CLI::App* dump = nullptr;
+    CLI::App* list = nullptr;
     LoadOptions loadOptions;
     ResolveOptions resolveOptions;
     BrowseOptions browseOptions;
+    ListOptions listOptions;
 };
