@@ -1,19 +1,26 @@
 #include "symbhost/CCommandLine.h"
 
+#include "symbhost/CProgress.h"
 #include "symbhost/Failure.h"
+#include "symbhost/NearestNames.h"
 #include "symbhost/Text.h"
 #include "symbhost/commands/DumpCommand.h"
 #include "symbhost/commands/InfoCommand.h"
+#include "symbhost/exports/CSymbolPath.h"
 #include "symbhost/output/CTreeView.h"
 
 #include <CLI/Validators.hpp>
+
+#include <algorithm>
+#include <limits>
+#include <sstream>
 
 namespace {
 
 constexpr DWORD kLargestPage = 1000000;
 
-constexpr char kFooter[] = "Exit status: 0 all done, 1 a name was not resolved or a listing is not complete,\n"
-                           "2 the export could not be loaded or the command line is wrong.\n"
+constexpr char kFooter[] = "Exit status: 0 all done, 1 a symbol is not served or a listing is not complete,\n"
+                           "2 not done: the command line is wrong, the export cannot be loaded or the output fails.\n"
                            "symbhost COMMAND --help tells the options of a command.";
 
 std::string CheckFieldCodes(const std::string& codes)
@@ -22,135 +29,236 @@ std::string CheckFieldCodes(const std::string& codes)
     return isKnown ? "" : "only the field codes A and C are known";
 }
 
+std::string CheckPrefix(const std::string& pattern)
+{
+    const bool isPrefix = pattern.find('*') >= pattern.size() - 1;
+    return isPrefix || pattern.empty() ? "" : "text behind a * means nothing here; list --name takes such patterns";
+}
+
 } // namespace
 
 CCommandLine::CCommandLine()
-    : app("Loads the symbol export of a PLC project as a data server does, resolves names and lists symbols.",
+    : app("Loads the symbol export of a PLC project as a data server does, lists and resolves symbols and tells why "
+          "some are not served.",
           "symbhost")
 {
     app.set_version_flag("--version", "symbhost " SYMBHOST_VERSION);
     app.require_subcommand(1);
     app.footer(kFooter);
-    info = AddCommand("info", "Load the export and tell what is in it", true);
+    AddInfo();
     AddResolve();
     AddBrowse();
     AddList();
-    dump = AddCommand("dump", "Write the loaded dictionaries into a file and print its path", false);
-    dump->add_option("DIR", loadOptions.dumpDir, "Existing folder for the file")->required();
+    AddWhy();
+    AddDump();
 }
 
-CLI::App* CCommandLine::AddCommand(const std::string& name, const std::string& description, bool hasDumpDir)
+CLI::App& CCommandLine::AddCommand(const std::string& name, const std::string& description, bool hasDumpDir)
 {
     CLI::App* command = app.add_subcommand(name, description);
     command->add_option("EXPORT", loadOptions.exportPath, "Export file (.kds)")->required();
     command->add_option("--plugin", loadOptions.pluginPath, "Plug-in to load; without it the one beside this program")
         ->type_name("PATH");
     if (hasDumpDir)
-        command
-            ->add_option("--dump-dir", loadOptions.dumpDir,
-                         "Folder for the dump of the load; without it a temporary one, empty: no dump")
+        command->add_option("--dump-dir", loadOptions.dumpDir, "Existing folder for a dump of the load")
             ->type_name("DIR");
-    return command;
+    commands.push_back({command});
+    return *command;
+}
+
+CLI::Option* CCommandLine::AddForm(CLI::App& command, OutputForm& form)
+{
+    CLI::Option* const json = command.add_flag_callback(
+        "--json", [&form] { form = OutputForm::Json; }, "Print a JSON array, an object for each row");
+    CLI::Option* const csv = command.add_flag_callback(
+        "--csv", [&form] { form = OutputForm::Csv; }, "Print CSV with a header row");
+    return csv->excludes(json);
+}
+
+void CCommandLine::AddNames(CLI::App& command, NameSource& names)
+{
+    command.add_option("NAME", names.names,
+                       "Symbol such as MOTOR1.SPEED, TAB[3] or W1.5; - reads names from standard input, one a line");
+    command.add_option("--from", names.file, "Read names from a file, one a line; - is standard input")
+        ->type_name("FILE");
+    command.add_option("--column", names.column, "The file is a table; the names stand in this column of it")
+        ->type_name("TITLE");
+    commands.back().takeRest = [&names](const std::string& name) { names.names.push_back(name); };
+    commands.back().check = [&names] {
+        if (names.names.empty() && names.file.empty())
+            throw CHostError("NAME is required, or --from");
+    };
+}
+
+void CCommandLine::AddInfo()
+{
+    CLI::App& info = AddCommand("info", "Load the export and tell what is in it");
+    info.add_flag("--json", infoAsJson, "Print a JSON object");
+    commands.back().run = [this](auto& loaded, auto& output) { return InfoCommand(loaded, infoAsJson, output); };
 }
 
 void CCommandLine::AddResolve()
 {
-    resolve = AddCommand("resolve", "Turn names into addresses", true);
-    resolve
-        ->add_option("NAME", resolveOptions.names,
-                     "Symbol such as MOTOR1.SPEED, TAB[3] or W1.5; - reads names from "
-                     "standard input, one a line")
-        ->required();
-    resolve->add_flag("--json", resolveOptions.json, "Print a JSON array, an object for each name");
+    CLI::App& resolve = AddCommand("resolve", "Turn names into addresses");
+    AddNames(resolve, resolveOptions.names);
+    resolve.add_flag("--why", resolveOptions.why, "Tell for each name whether it is served, and why not");
+    AddForm(resolve, resolveOptions.form);
+    commands.back().run = [this](auto& loaded, auto& output) { return ResolveCommand(loaded, resolveOptions, output); };
 }
 
 void CCommandLine::AddBrowse()
 {
-    browse = AddCommand("browse", "List the variables, or what is below a path", true);
+    CLI::App& browse = AddCommand("browse", "List the variables, or what is below a path");
     ListingRequest& request = browseOptions.request;
-    browse->add_option("PATH", request.path, "Structure, array or function block; without it the variables");
-    browse->add_option("--pattern", request.pattern, "List names that begin like this (up to a *, case counts)")
-        ->type_name("TEXT");
-    browse->add_flag_callback(
+    browse.add_option("PATH", request.path, "Structure, array or function block; without it the variables");
+    browse.add_option("--pattern", request.pattern, "List names that begin like this (up to a *, case counts)")
+        ->type_name("TEXT")
+        ->check(CheckPrefix);
+    browse.add_flag_callback(
         "--leaves", [&request] { request.wantBranches = false; }, "List values only");
     browse
-        ->add_flag_callback(
+        .add_flag_callback(
             "--branches", [&request] { request.wantLeaves = false; }, "List what has members only")
         ->excludes("--leaves");
-    browse->add_flag_callback(
+    browse.add_flag_callback(
         "--unlocated", [&request] { request.filter = "%UL"; }, "List only what has no address of its own");
-    CLI::Option* varType = browse->add_option("--vartype", request.varType, "List entries of this variant type only");
-    CLI::Option* json = browse->add_flag("--json", browseOptions.json, "Print a JSON array, an object for each entry");
-    CLI::Option* page =
-        browse->add_option("--page", browseOptions.page, "Show where pages of N entries begin; 0: all in one page");
-    page->type_name("N")->check(CLI::Range(DWORD{0}, kLargestPage))->excludes(json);
-    CLI::Option* fields = browse->add_option("--fields", browseOptions.fields,
-                                             "Show addresses (A), comments (C) or both (AC); of the variables, only "
-                                             "branches and values of 1 or 2 bytes that have an address are listed");
+    browse.add_option("--vartype", request.varType, "List entries of this variant type only");
+    AddBrowseForm(browse);
+    commands.back().takeRest = [&request](const std::string& path) {
+        if (!request.path.empty())
+            throw CHostError("browse takes one PATH");
+        request.path = path;
+    };
+    commands.back().run = [this](auto& loaded, auto& output) {
+        BrowseOptions options = browseOptions;
+        options.request.path = MendedPath(Utf8FromArgument(options.request.path));
+        options.request.pattern = Utf8FromArgument(options.request.pattern);
+        return BrowseCommand(loaded, options, output);
+    };
+}
+
+void CCommandLine::AddBrowseForm(CLI::App& browse)
+{
+    CLI::Option* const csv = AddForm(browse, browseOptions.form);
+    CLI::Option* const page =
+        browse.add_option("--page", browseOptions.page, "Show where pages of N entries begin; 0: all in one page");
+    page->type_name("N")->check(CLI::Range(DWORD{0}, kLargestPage))->excludes("--json")->excludes(csv);
+    CLI::Option* const fields =
+        browse.add_option("--fields", browseOptions.fields,
+                          "Show addresses (A), comments (C) or both (AC); of the variables, only "
+                          "branches and values of 1 or 2 bytes that have an address are listed");
     fields->type_name("CODES")->check(CheckFieldCodes)->excludes(page);
-    CLI::Option* tree = browse->add_flag("--tree", browseOptions.tree, "Draw a tree");
-    tree->excludes(json)->excludes(page)->excludes(fields)->excludes(varType)->excludes("--leaves");
-    browse->add_option("--depth", browseOptions.depth, "Levels of the tree (3)")
+    CLI::Option* const tree = browse.add_flag("--tree", browseOptions.tree, "Draw a tree");
+    tree->excludes("--json")->excludes(csv)->excludes(page)->excludes(fields);
+    tree->excludes("--vartype")->excludes("--leaves");
+    browse.add_option("--depth", browseOptions.depth, "Levels of the tree (3)")
         ->needs(tree)
         ->check(CLI::Range(1U, CTreeView::kDeepest));
 }
 
 void CCommandLine::AddList()
 {
-    list = AddCommand("list", "List symbols down to the last value, with their places", true);
-    list->add_option("PATH", listOptions.paths, "Symbols below which to list; without one all variables");
-    list->add_flag("--all", listOptions.walk.branches, "List what has members too");
-    list->add_option("--name", listOptions.filter.name, "Only names like this: * any text, ? one character, any case")
+    CLI::App& list = AddCommand("list", "List symbols down to the last value, with their places");
+    list.add_option("PATH", listOptions.paths, "Symbols below which to list; without one all variables");
+    list.add_flag("--all", listOptions.walk.branches, "List what has members too");
+    list.add_option("--name", listOptions.filter.name, "Only names like this: * any text, ? one character, any case")
         ->type_name("GLOB");
-    list->add_option("--type", listOptions.filter.type, "Only symbols of this type, any case")->type_name("TYPE");
-    list->add_option("--comment", listOptions.filter.comment, "Only comments that hold this text, any case")
+    list.add_option("--type", listOptions.filter.type, "Only symbols of this type, any case")->type_name("TYPE");
+    list.add_option("--comment", listOptions.filter.comment, "Only comments that hold this text, any case")
         ->type_name("TEXT");
-    list->add_option("--customer", listOptions.filter.customer, "Only customer strings that hold this text, any case")
+    list.add_option("--customer", listOptions.filter.customer, "Only customer strings that hold this text, any case")
         ->type_name("TEXT");
-    list->add_option("--elements", listOptions.walk.elements, "At most N elements of each dimension")
+    list.add_option("--elements", listOptions.walk.elements, "At most N elements of each dimension")
         ->type_name("N")
-        ->check(CLI::Range(DWORD{1}, kListedElements));
-    AddForm(*list, listOptions.form);
+        ->check(CLI::Range(DWORD{1}, std::numeric_limits<DWORD>::max()));
+    AddForm(list, listOptions.form);
+    commands.back().takeRest = [this](const std::string& path) { listOptions.paths.push_back(path); };
+    commands.back().run = [this](auto& loaded, auto& output) { return ListCommand(loaded, listOptions, output); };
 }
 
-void CCommandLine::AddForm(CLI::App& command, OutputForm& form)
+void CCommandLine::AddWhy()
 {
-    CLI::Option* const json = command.add_flag_callback(
-        "--json", [&form] { form = OutputForm::Json; }, "Print a JSON array, an object for each row");
-    command
-        .add_flag_callback(
-            "--csv", [&form] { form = OutputForm::Csv; }, "Print CSV with a header row")
-        ->excludes(json);
+    CLI::App& why = AddCommand("why", "Tell why a host gets symbols, or not");
+    AddNames(why, whyOptions.names);
+    AddForm(why, whyOptions.form);
+    commands.back().run = [this](auto& loaded, auto& output) { return WhyCommand(loaded, whyOptions, output); };
+}
+
+void CCommandLine::AddDump()
+{
+    CLI::App& dump = AddCommand("dump", "Write the loaded dictionaries into a file and print its path", false);
+    dump.add_option("DIR", loadOptions.dumpDir, "Existing folder for the file")->required();
+    commands.back().run = [this](auto&, auto& output) { return DumpCommand(loadOptions, output); };
+}
+
+bool CCommandLine::IsCommandKnown(const CArguments& arguments) const
+{
+    const std::vector<const char*>& given = arguments.Parsed();
+    if (given.size() < 2 || *given[1] == '-')
+        return true; // something else is wrong, if anything
+    CNearestNames nearest(given[1]);
+    for (const Command& command : commands) {
+        if (command.app->get_name() == given[1])
+            return true;
+        nearest.Show(command.app->get_name());
+    }
+    const std::vector<std::string> meant = nearest.Names();
+    Complain(std::string("there is no command ") + given[1] +
+             (meant.empty() ? std::string() : "; did you mean " + meant.front() + "?"));
+    return false;
+}
+
+bool CCommandLine::Parse(const CArguments& arguments, COutput& output, int& status)
+{
+    status = kNotDone;
+    std::string problem;
+    if (const std::string option = arguments.WithoutValue(); !option.empty()) {
+        problem = option + " has no value";
+    } else if (IsCommandKnown(arguments)) {
+        try {
+            app.parse(static_cast<int>(arguments.Parsed().size()), arguments.Parsed().data());
+            return true;
+        } catch (const CLI::ParseError& outcome) {
+            if (outcome.get_exit_code() == 0) {
+                std::ostringstream text;
+                status = app.exit(outcome, text, text); // --help and --version
+                output.Write(text.str());
+                output.Flush();
+                return false;
+            }
+            problem = outcome.what();
+        }
+    }
+    if (!problem.empty())
+        Complain(problem);
+    Complain("--help tells how it is called");
+    return false;
 }
 
 int CCommandLine::Run(int argc, const char* const* argv, COutput& output)
 {
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& outcome) {
-        if (outcome.get_exit_code() == 0)
-            return app.exit(outcome); // --help and --version
-        Complain(outcome.what());
-        Complain("--help tells how it is called");
-        return kNotStarted;
-    }
-    return Guarded(kNotStarted, [&] {
-        if (dump->parsed())
-            return DumpCommand(loadOptions, output);
-        CLoadedExport loaded(loadOptions);
-        return Guarded(kIncomplete, [&] { return RunLoaded(loaded, output); });
+    return Guarded([&] {
+        const CArguments arguments(argc, argv);
+        int status = kDone;
+        if (!Parse(arguments, output, status))
+            return status;
+        const auto command = std::ranges::find_if(commands, [](const Command& one) { return one.app->parsed(); });
+        return RunCommand(*command, arguments, output);
     });
 }
 
-int CCommandLine::RunLoaded(CLoadedExport& loaded, COutput& output)
+int CCommandLine::RunCommand(const Command& command, const CArguments& arguments, COutput& output)
 {
-    if (info->parsed())
-        return InfoCommand(loaded, output);
-    if (resolve->parsed())
-        return ResolveCommand(loaded, resolveOptions, output);
-    if (list->parsed())
-        return ListCommand(loaded, listOptions, output);
-    browseOptions.request.path = Utf8FromArgument(browseOptions.request.path);
-    browseOptions.request.pattern = Utf8FromArgument(browseOptions.request.pattern);
-    return BrowseCommand(loaded, browseOptions, output);
+    for (const std::string& argument : arguments.Rest()) {
+        if (!command.takeRest)
+            throw CHostError(command.app->get_name() + " takes nothing behind --");
+        command.takeRest(argument);
+    }
+    if (command.check)
+        command.check();
+    const CProgress progress(output);
+    CLoadedExport loaded(loadOptions);
+    if (!loaded.HasVariables())
+        Complain(loadOptions.exportPath + " gave no variables; symbhost check tells why");
+    return command.run(loaded, output);
 }

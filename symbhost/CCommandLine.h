@@ -1,14 +1,19 @@
 #pragma once
 
 #include "symbhost/commands/BrowseCommand.h"
+#include "symbhost/commands/CArguments.h"
 #include "symbhost/commands/ListCommand.h"
 #include "symbhost/commands/ResolveCommand.h"
+#include "symbhost/commands/WhyCommand.h"
 #include "symbhost/output/COutput.h"
 #include "symbhost/plugin/CLoadedExport.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+
+#include <functional>
+#include <vector>
 
 // The program's options and commands.
 class CCommandLine
@@ -20,21 +25,39 @@ public:
     int Run(int argc, const char* const* argv, COutput& output);
 
 private:
-    CLI::App* AddCommand(const std::string& name, const std::string& description, bool hasDumpDir);
+    struct Command
+    {
+        CLI::App* app = nullptr;
+        // Takes an argument that stood behind "--"; none: the command takes none there.
+        std::function<void(const std::string&)> takeRest = {};
+        // Raises CHostError for options that do not fit together, before the export is loaded.
+        std::function<void()> check = {};
+        std::function<int(CLoadedExport&, COutput&)> run = {};
+    };
+
+    // The command is the last of `commands`.
+    CLI::App& AddCommand(const std::string& name, const std::string& description, bool hasDumpDir = true);
+    static CLI::Option* AddForm(CLI::App& command, OutputForm& form);
+    void AddNames(CLI::App& command, NameSource& names);
+    void AddInfo();
     void AddResolve();
     void AddBrowse();
+    void AddBrowseForm(CLI::App& browse);
     void AddList();
-    static void AddForm(CLI::App& command, OutputForm& form);
-    int RunLoaded(CLoadedExport& loaded, COutput& output);
+    void AddWhy();
+    void AddDump();
+
+    // Whether the arguments make sense; tells if not. `status` is what the program answers then.
+    bool Parse(const CArguments& arguments, COutput& output, int& status);
+    bool IsCommandKnown(const CArguments& arguments) const;
+    int RunCommand(const Command& command, const CArguments& arguments, COutput& output);
 
     CLI::App app;
-    CLI::App* info = nullptr;
-    CLI::App* resolve = nullptr;
-    CLI::App* browse = nullptr;
-    CLI::App* dump = nullptr;
-    CLI::App* list = nullptr;
+    std::vector<Command> commands;
     LoadOptions loadOptions;
     ResolveOptions resolveOptions;
     BrowseOptions browseOptions;
     ListOptions listOptions;
+    WhyOptions whyOptions;
+    bool infoAsJson = false;
 };

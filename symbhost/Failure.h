@@ -13,9 +13,9 @@
 #include <string_view>
 
 // What the program answers.
-constexpr int kDone = 0;       // everything was resolved or listed
-constexpr int kIncomplete = 1; // some was not
-constexpr int kNotStarted = 2; // the command line is wrong or the export could not be loaded
+constexpr int kDone = 0;       // everything was found, or the reader of the output had enough
+constexpr int kIncomplete = 1; // something was not
+constexpr int kNotDone = 2;    // the command line is wrong, the export was not loaded, or the output failed
 
 // A command cannot go on; the text tells why.
 class CHostError : public std::runtime_error
@@ -26,12 +26,16 @@ public:
 
 // Prints "symbhost: " and the text on standard error.
 void Complain(std::string_view text);
+// Prints a line there. Any thread may call this and ShowProgress.
+void WriteErrorLine(std::string_view text);
+// Shows a text there that the next one, or anything else that is printed, replaces; nothing when it is empty.
+void ShowProgress(std::string_view text);
 
 // Runs `work`, which answers an exit status. An exception that leaves it, the
-// plug-in's included, ends in a message and `failureStatus`. A reader of the
+// plug-in's included, ends in a message and kNotDone. A reader of the
 // output that went away had enough: no message, and the status is kDone.
 template <class Work>
-int Guarded(int failureStatus, Work&& work)
+int Guarded(Work&& work)
 {
     try {
         return work();
@@ -48,5 +52,5 @@ int Guarded(int failureStatus, Work&& work)
     } catch (const CException&) {
         Complain("the plug-in failed");
     }
-    return failureStatus;
+    return kNotDone;
 }

@@ -60,6 +60,12 @@ void AppendEscape(std::string& text, char32_t value, bool isByte)
     AppendHex(text, value, isByte ? 2 : 4, "0123456789abcdef");
 }
 
+// All but the bytes that continue a character.
+bool BeginsCharacter(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80;
+}
+
 } // namespace
 
 std::string NarrowText(LPCWSTR text, std::size_t units, UINT codePage)
@@ -97,6 +103,8 @@ std::string Utf8FromArgument(const std::string& argument)
 
 std::string Printable(std::string_view text)
 {
+    if (std::ranges::all_of(text, [](char byte) { return byte >= ' ' && byte <= '~'; }))
+        return std::string(text);
     std::string printable;
     while (!text.empty()) {
         const Decoded decoded = DecodeUtf8(text);
@@ -126,9 +134,16 @@ std::string ValidUtf8(std::string_view text)
 
 std::size_t DisplayWidth(std::string_view printable)
 {
-    return static_cast<std::size_t>(std::count_if(printable.begin(), printable.end(), [](char byte) {
-        return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80; // all but the bytes that continue a character
-    }));
+    return static_cast<std::size_t>(std::ranges::count_if(printable, BeginsCharacter));
+}
+
+std::string FirstCharacters(std::string_view printable, std::size_t columns)
+{
+    std::size_t end = 0;
+    for (; end < printable.size(); ++end)
+        if (BeginsCharacter(printable[end]) && columns-- == 0)
+            break;
+    return std::string(printable.substr(0, end));
 }
 
 std::string HexText(DWORD value)

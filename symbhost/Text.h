@@ -29,6 +29,9 @@ std::string ValidUtf8(std::string_view text);
 // Columns that a printable text takes, one for each code point.
 std::size_t DisplayWidth(std::string_view printable);
 
+// The beginning of a printable text, so many columns wide.
+std::string FirstCharacters(std::string_view printable, std::size_t columns);
+
 // "0x" and eight upper-case digits.
 std::string HexText(DWORD value);
 // A result code in the same form.

@@ -3,6 +3,7 @@
 #include "platform/mfc/BrokenPipe.h"
 #include "symbhost/CCommandLine.h"
 #include "symbhost/output/COutput.h"
+#include "symbhost/output/Terminal.h"
 
 #include <iostream>
 
@@ -10,6 +11,6 @@ int main(int argc, char** argv)
 {
     std::ios::sync_with_stdio(false);
     LetBrokenPipesFail();
-    COutput output(std::cout);
+    COutput output(std::cout, TerminalColumns(STD_OUTPUT_HANDLE));
     return CCommandLine().Run(argc, argv, output);
 }

@@ -1,9 +1,9 @@
 #include "symbhost/commands/BrowseCommand.h"
 
 #include "symbhost/Failure.h"
+#include "symbhost/Text.h"
 #include "symbhost/exports/FieldListing.h"
-#include "symbhost/output/CJsonArray.h"
-#include "symbhost/output/CTable.h"
+#include "symbhost/output/CRecordPrinter.h"
 #include "symbhost/output/CTreeView.h"
 
 namespace {
@@ -19,7 +19,7 @@ int Report(const ListingRequest& request, const std::string& failure)
     if (failure.empty())
         return kDone;
     Complain((request.path.empty() ? std::string("listing the variables") : "listing " + request.path) +
-             " failed: " + failure);
+             (failure.starts_with("0x") ? " failed: " : " is not complete: ") + failure);
     return kIncomplete;
 }
 
@@ -54,53 +54,45 @@ int PrintLines(CListing& listing, const BrowseOptions& options, COutput& output)
     return Report(options.request, listing.Failure());
 }
 
-int PrintJson(CListing& listing, const BrowseOptions& options, COutput& output)
+constexpr Field<ListingEntry> kEntryFields[] = {
+    {"name", "NAME", 0, false, [](const ListingEntry& entry) -> Cell { return std::string_view(entry.name); }},
+    {"itemId", "SYMBOL", 1, false, [](const ListingEntry& entry) -> Cell { return std::string_view(entry.symbol); }},
+    {"kind", "KIND", 2, false, [](const ListingEntry& entry) -> Cell { return std::string_view(KindText(entry)); }},
+};
+
+int PrintRecords(CListing& listing, const BrowseOptions& options, COutput& output)
 {
-    CJsonArray array(output);
+    CRecordPrinter<ListingEntry> printer(output, options.form, kEntryFields);
     std::vector<ListingEntry> page;
-    while (listing.NextPage(page)) {
+    while (listing.NextPage(page))
         for (const ListingEntry& entry : page)
-            array.Add({{"name", entry.name}, {"itemId", entry.symbol}, {"kind", KindText(entry)}});
-    }
-    array.Finish();
+            printer.Add(entry);
+    printer.Finish();
     return Report(options.request, listing.Failure());
-}
-
-void PrintFieldTable(const std::vector<FieldEntry>& entries, const std::string& codes, COutput& output)
-{
-    std::vector<CTable::Column> columns = {{"NAME"}};
-    for (const char code : codes)
-        columns.push_back({code == 'A' ? "ADDRESS" : "COMMENT"});
-    CTable table(output, columns);
-    for (const FieldEntry& entry : entries) {
-        std::vector<std::string> cells = {entry.name};
-        cells.insert(cells.end(), entry.fields.begin(), entry.fields.end());
-        table.AddRow(cells);
-    }
-    table.Finish();
-}
-
-void PrintFieldJson(const std::vector<FieldEntry>& entries, const std::string& codes, COutput& output)
-{
-    CJsonArray array(output);
-    for (const FieldEntry& entry : entries) {
-        nlohmann::ordered_json json = {{"name", entry.name}};
-        for (std::size_t at = 0; at < codes.size(); ++at)
-            json[codes[at] == 'A' ? "address" : "comment"] = entry.fields[at];
-        array.Add(json);
-    }
-    array.Finish();
 }
 
 int PrintFields(CSymb& table, const BrowseOptions& options, COutput& output)
 {
     std::vector<FieldEntry> entries;
     const HRESULT result = ListFields(table, options.request, options.fields, entries);
-    if (options.json)
-        PrintFieldJson(entries, options.fields, output);
-    else
-        PrintFieldTable(entries, options.fields, output);
-    return Report(options.request, BrowseFailure(result));
+    std::vector<Column> columns = {{"name", "NAME"}};
+    std::vector<std::size_t> order = {0};
+    for (const char code : options.fields) {
+        columns.push_back(code == 'A' ? Column{"address", "ADDRESS"} : Column{"comment", "COMMENT"});
+        order.push_back(order.size());
+    }
+    const std::unique_ptr<CRecordWriter> writer = CRecordWriter::Make(options.form, output, columns, order);
+    std::vector<Cell> cells;
+    for (const FieldEntry& entry : entries) {
+        cells = {std::string_view(entry.name)};
+        for (const std::string& field : entry.fields)
+            cells.emplace_back(std::string_view(field));
+        writer->Add(cells);
+    }
+    writer->Finish();
+    const bool isCut =
+        SUCCEEDED(result) && entries.size() >= kListedElements && HasUnlistedElements(table, options.request.path);
+    return Report(options.request, isCut ? LimitText() : BrowseFailure(result));
 }
 
 } // namespace
@@ -117,5 +109,6 @@ int BrowseCommand(CLoadedExport& loaded, const BrowseOptions& options, COutput& 
     ListingRequest request = options.request;
     request.pageSize = options.page.value_or(request.pageSize);
     CListing listing(loaded.Table(), request);
-    return options.json ? PrintJson(listing, options, output) : PrintLines(listing, options, output);
+    return options.form == OutputForm::Table ? PrintLines(listing, options, output)
+                                             : PrintRecords(listing, options, output);
 }

@@ -1,38 +1,105 @@
 #include "symbhost/commands/CNameList.h"
 
 #include "symbhost/Failure.h"
+#include "symbhost/NearestNames.h"
 #include "symbhost/Text.h"
+#include "symbhost/exports/UpperName.h"
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
-// A path of 16 steps with names of 1023 bytes fits.
-constexpr std::size_t kLongestLine = 65536;
+constexpr std::size_t kShownOfLongName = 60; // bytes
+
+std::string Trimmed(std::string text)
+{
+    constexpr char kBlanks[] = " \t";
+    text.erase(text.find_last_not_of(kBlanks) + 1);
+    text.erase(0, text.find_first_not_of(kBlanks));
+    return text;
+}
+
+void CheckReading(const std::istream& stream, const std::string& name)
+{
+    if (stream.bad())
+        throw CHostError("the list " + (name == "-" ? "on standard input" : name) + " cannot be read");
+}
 
 } // namespace
 
-CNameList::CNameList(const std::vector<std::string>& given, std::istream& lines) : arguments(given), input(lines) {}
-
-std::optional<std::string> CNameList::Next()
+CNameList::CNameList(const NameSource& given, std::istream& standardInput) : source(given), standard(standardInput)
 {
-    for (; position < arguments.size(); ++position) {
-        if (arguments[position] != "-")
-            return Utf8FromArgument(arguments[position++]);
-        if (std::optional<std::string> line = NextLine())
-            return line; // "-" stays the current argument until its input ends
+    if (source.file.empty()) {
+        if (!source.column.empty())
+            throw CHostError("--column names a column of the list that --from reads");
+        return;
     }
+    list = source.file == "-" ? &standard : &opened;
+    if (list == &opened) {
+        opened.open(source.file, std::ios::binary);
+        if (!opened)
+            throw CHostError("the list " + source.file + " cannot be opened");
+    }
+    table.emplace(*list);
+    if (!source.column.empty())
+        ReadHeader();
+}
+
+void CNameList::ReadHeader()
+{
+    CTableInput::Record header;
+    table->NextRow(header);
+    CheckReading(*list, source.file);
+    const std::string wanted = UpperName(Utf8FromArgument(source.column));
+    const auto isWanted = [&wanted](const std::string& title) { return UpperName(Trimmed(title)) == wanted; };
+    const auto found = std::ranges::find_if(header.cells, isWanted);
+    if (found == header.cells.end())
+        throw CHostError("the list has no column " + source.column + "; it has: " + JoinNames(header.cells, 20));
+    column = static_cast<std::size_t>(found - header.cells.begin());
+    moreColumns = std::move(header.cells);
+    moreColumns.erase(moreColumns.begin() + static_cast<std::ptrdiff_t>(column));
+}
+
+std::optional<GivenName> CNameList::Next()
+{
+    for (; position < source.names.size(); ++position) {
+        if (source.names[position] != "-")
+            return GivenName{Utf8FromArgument(source.names[position++]), false, {}};
+        if (!typed)
+            typed.emplace(standard);
+        if (std::optional<GivenName> name = ReadLine(*typed, standard))
+            return name; // "-" stays the current name until its input ends
+        typed.reset();
+    }
+    if (!table)
+        return std::nullopt;
+    return source.column.empty() ? ReadLine(*table, *list) : ReadRow();
+}
+
+std::optional<GivenName> CNameList::ReadLine(CTableInput& input, std::istream& stream)
+{
+    CTableInput::Record line;
+    while (input.NextLine(line)) {
+        std::string name = Trimmed(line.cells.front().substr(0, line.isTooLong ? kShownOfLongName : std::string::npos));
+        if (!name.empty())
+            return GivenName{std::move(name), line.isTooLong, {}};
+    }
+    CheckReading(stream, &stream == &standard ? "-" : source.file);
     return std::nullopt;
 }
 
-std::optional<std::string> CNameList::NextLine()
+std::optional<GivenName> CNameList::ReadRow()
 {
-    std::string line;
-    for (char next = 0; input.get(next);) {
-        if (next != '\n' && next != '\r')
-            line += next;
-        else if (!line.empty())
-            return line;
-        if (line.size() > kLongestLine)
-            throw CHostError("a line of the standard input is too long for a name");
+    CTableInput::Record row;
+    if (!table->NextRow(row)) {
+        CheckReading(*list, source.file);
+        return std::nullopt;
     }
-    return line.empty() ? std::nullopt : std::optional(line);
+    row.cells.resize(moreColumns.size() + 1);
+    GivenName name{Trimmed(std::move(row.cells[column])), row.isTooLong, std::move(row.cells)};
+    name.more.erase(name.more.begin() + static_cast<std::ptrdiff_t>(column));
+    if (name.isTooLong)
+        name.name.resize(std::min(name.name.size(), kShownOfLongName));
+    return name;
 }

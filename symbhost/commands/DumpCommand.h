@@ -3,7 +3,5 @@
 #include "symbhost/output/COutput.h"
 #include "symbhost/plugin/CLoadedExport.h"
 
-// Loads the export with a dump into options.dumpDir and prints the dump's path,
-// once it is sure that this load wrote all of it. Raises CHostError when the
-// export cannot be loaded; answers an exit status.
+// Prints the path of the dump that the load with these options has written. Answers an exit status.
 int DumpCommand(const LoadOptions& options, COutput& output);

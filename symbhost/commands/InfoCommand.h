@@ -4,5 +4,5 @@
 #include "symbhost/plugin/CLoadedExport.h"
 
 // Prints what the plug-in says about itself and the export, and counts the
-// variables. Answers an exit status.
-int InfoCommand(CLoadedExport& loaded, COutput& output);
+// variables; as lines or as a JSON object. Answers an exit status.
+int InfoCommand(CLoadedExport& loaded, bool json, COutput& output);

@@ -2,6 +2,7 @@
 
 #include "symbhost/Failure.h"
 #include "symbhost/Text.h"
+#include "symbhost/exports/CSymbolPath.h"
 #include "symbhost/output/CRecordPrinter.h"
 
 namespace {
@@ -16,7 +17,7 @@ void ToUtf8(std::optional<std::string>& argument)
 bool PrintWalk(CWalk& walk, const std::string& path, const RowFilter& filter, CRecordPrinter<Row>& printer)
 {
     if (!walk.IsFound()) {
-        Complain("there is no symbol " + path);
+        Complain("there is no symbol " + path + "; symbhost why tells more");
         return false;
     }
     while (walk.Next())
@@ -42,7 +43,7 @@ int ListCommand(CLoadedExport& loaded, const ListOptions& options, COutput& outp
     bool isComplete = true;
     for (const std::string& path : options.paths.empty() ? std::vector<std::string>{""} : options.paths) {
         WalkOptions below = options.walk;
-        below.path = Utf8FromArgument(path);
+        below.path = MendedPath(Utf8FromArgument(path));
         CWalk walk(project, below);
         isComplete = PrintWalk(walk, below.path, filter, printer) && isComplete;
     }

@@ -2,91 +2,142 @@
 
 #include "symbhost/Failure.h"
 #include "symbhost/Text.h"
-#include "symbhost/commands/CNameList.h"
-#include "symbhost/exports/Lookup.h"
-#include "symbhost/output/CJsonArray.h"
-#include "symbhost/output/CTable.h"
+#include "symbhost/commands/NamesAsked.h"
 
 #include <iostream>
 
 namespace {
 
-const std::vector<CTable::Column> kColumns = {{"NAME"},        {"ADDRESS"},      {"TYPE"},           {"KIND"},
-                                              {"BLOCK", true}, {"OFFSET", true}, {"SIZE", true},     {"BIT", true},
-                                              {"ACCESS"},      {"COMMENT"},      {"CUSTOMER STRING"}};
-
-std::string OrDash(const std::string& text)
+// Tells why names fail; reads the export for that when the first one does.
+class CLazyExplainer
 {
-    return text.empty() ? "-" : text;
-}
+public:
+    explicit CLazyExplainer(CLoadedExport& loadedExport) : loaded(loadedExport) {}
 
-void AddTo(CTable& table, const LookupAnswer& symbol)
-{
-    if (!symbol.IsResolved()) {
-        const std::string reason = symbol.message.empty() ? "" : ": " + symbol.message;
-        table.AddNote(symbol.name, "failed " + ResultText(symbol.result) + reason);
-        return;
+    Explanation Explain(const GivenName& name, const LookupAnswer& answer)
+    {
+        if (!project) {
+            project.emplace(loaded);
+            explainer.emplace(*project);
+        }
+        return ExplainGiven(*explainer, name, answer);
     }
-    const AddressDescriptor& place = symbol.descriptor;
-    table.AddRow({symbol.name, OrDash(symbol.address), symbol.typeName,
-                  symbol.kindName + (symbol.IsByReference() ? " by reference" : ""), std::to_string(place.block),
-                  std::to_string(place.offset), std::to_string(place.size),
-                  symbol.IsBit() ? std::to_string(place.bit) : "-", symbol.Access(), symbol.comment,
-                  symbol.customerString});
-}
 
-nlohmann::ordered_json ToJson(const LookupAnswer& symbol)
-{
-    nlohmann::ordered_json json = {{"name", symbol.name}, {"result", ResultText(symbol.result)}};
-    if (!symbol.IsResolved()) {
-        if (!symbol.message.empty())
-            json["message"] = symbol.message;
-        return json;
-    }
-    const AddressDescriptor& place = symbol.descriptor;
-    json["address"] = symbol.address;
-    json["type"] = symbol.typeName;
-    json["typeCode"] = HexText(place.typeCode);
-    json["kind"] = symbol.kindName;
-    json["block"] = place.block;
-    json["offset"] = place.offset;
-    json["size"] = place.size;
-    json["bit"] = symbol.IsBit() ? nlohmann::ordered_json(place.bit) : nlohmann::ordered_json();
-    json["byReference"] = symbol.IsByReference();
-    json["relativeOffset"] = place.relativeOffset;
-    json["relativeSize"] = place.relativeSize;
-    json["access"] = symbol.Access();
-    json["comment"] = symbol.comment;
-    json["customerString"] = symbol.customerString;
-    return json;
-}
+private:
+    CLoadedExport& loaded;
+    std::optional<CProject> project;
+    std::optional<CExplainer> explainer;
+};
 
-// Looks every name up and hands it to `show`.
-template <class Show>
-int ResolveAll(CLoadedExport& loaded, const ResolveOptions& options, Show&& show)
+// The form of a table in which people read the place of a symbol.
+const std::vector<Column> kTableColumns = {{"", "NAME"},       {"", "ADDRESS"},        {"", "TYPE"},
+                                           {"", "KIND"},       {"", "BLOCK", true},    {"", "OFFSET", true},
+                                           {"", "SIZE", true}, {"", "BIT", true},      {"", "ACCESS"},
+                                           {"", "COMMENT"},    {"", "CUSTOMER STRING"}};
+
+class CResolver
 {
-    int status = kDone;
-    CNameList names(options.names, std::cin);
-    while (const std::optional<std::string> name = names.Next()) {
-        const LookupAnswer symbol = LookUp(loaded.Table(), loaded.Sink(), *name);
-        status = symbol.IsResolved() ? status : kIncomplete;
-        show(symbol);
+public:
+    CResolver(CLoadedExport& loadedExport, const ResolveOptions& wanted, COutput& target)
+        : loaded(loadedExport), options(wanted), output(target), names(wanted.names, std::cin), explainer(loadedExport)
+    {
+        const std::vector<Column> columns = options.form == OutputForm::Table ? kTableColumns : DataColumns();
+        std::vector<std::size_t> order;
+        for (std::size_t at = 0; at < columns.size(); ++at)
+            order.push_back(at);
+        writer = CRecordWriter::Make(options.form, output, columns, order);
     }
-    return status;
-}
+
+    int Run()
+    {
+        int status = kDone;
+        while (const std::optional<GivenName> name = names.Next()) {
+            const LookupAnswer answer = LookUpGiven(loaded.Table(), loaded.Sink(), *name);
+            status = answer.IsResolved() ? status : kIncomplete;
+            if (options.form == OutputForm::Table)
+                AddToTable(*name, answer);
+            else
+                AddData(*name, answer);
+            if (names.IsInteractive() && output.IsTerminal())
+                writer->Flush();
+        }
+        writer->Finish();
+        return status;
+    }
+
+private:
+    std::vector<Column> DataColumns() const
+    {
+        std::vector<Column> columns;
+        for (const Field<Row>& field : LookupFields())
+            columns.push_back({field.name, {}, false});
+        columns.push_back({"message", {}, false});
+        if (options.why)
+            columns.insert(columns.end(), {{"served", {}, false}, {"reason", {}, false}, {"text", {}, false}});
+        if (options.form == OutputForm::Csv) {
+            const std::vector<Column> more = ColumnsIn(names);
+            columns.insert(columns.end(), more.begin(), more.end());
+        }
+        return columns;
+    }
+
+    void AddData(const GivenName& name, const LookupAnswer& answer)
+    {
+        constexpr std::size_t kNameAndResult = 2;
+        const Row row = RowOf(answer);
+        cells.clear();
+        for (const Field<Row>& field : LookupFields())
+            cells.push_back(row.IsServed() || cells.size() < kNameAndResult ? field.cell(row) : NoField());
+        cells.push_back(answer.message.empty() ? Cell(NoField()) : std::string_view(answer.message));
+        Explanation explanation;
+        if (options.why) {
+            explanation = explainer.Explain(name, answer);
+            cells.insert(cells.end(),
+                         {explanation.reason == Reason::None, std::string_view(ReasonCode(explanation.reason)),
+                          std::string_view(explanation.text)});
+        }
+        if (options.form == OutputForm::Csv)
+            AppendCellsIn(name, cells);
+        writer->Add(cells);
+    }
+
+    void AddToTable(const GivenName& name, const LookupAnswer& answer)
+    {
+        const Row row = RowOf(answer);
+        if (!row.IsServed()) {
+            const Explanation explanation = explainer.Explain(name, answer);
+            const std::string code = options.why ? std::string(", ") + ReasonCode(explanation.reason) : std::string();
+            writer->AddNote(row.name, "not served" + code + ": " + explanation.text);
+            return;
+        }
+        const std::string kind = std::string(row.kindName) + (row.isByReference ? " by reference" : "");
+        const auto number = [](std::uint32_t value) { return Cell(std::int64_t{value}); };
+        cells = {row.name,
+                 row.address.empty() ? Cell() : row.address,
+                 row.typeName,
+                 std::string_view(kind),
+                 number(row.block),
+                 number(row.offset),
+                 number(row.size),
+                 row.isBit ? number(row.bit) : Cell(),
+                 AccessText(row.accessRights),
+                 row.comment,
+                 row.customerString};
+        writer->Add(cells);
+    }
+
+    CLoadedExport& loaded;
+    const ResolveOptions& options;
+    COutput& output;
+    CNameList names;
+    CLazyExplainer explainer;
+    std::unique_ptr<CRecordWriter> writer;
+    std::vector<Cell> cells;
+};
 
 } // namespace
 
 int ResolveCommand(CLoadedExport& loaded, const ResolveOptions& options, COutput& output)
 {
-    if (options.json) {
-        CJsonArray array(output);
-        const int status = ResolveAll(loaded, options, [&](const auto& symbol) { array.Add(ToJson(symbol)); });
-        array.Finish();
-        return status;
-    }
-    CTable table(output, kColumns);
-    const int status = ResolveAll(loaded, options, [&](const auto& symbol) { AddTo(table, symbol); });
-    table.Finish();
-    return status;
+    return CResolver(loaded, options, output).Run();
 }

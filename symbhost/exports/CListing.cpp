@@ -1,8 +1,11 @@
 #include "symbhost/exports/CListing.h"
 
 #include "platform/win32/CodePage.h"
+#include "symbhost/exports/Lookup.h"
 #include "symbhost/plugin/HostMemory.h"
+#include "symbkds/model/TextNumber.h"
 
+#include <limits>
 #include <utility>
 
 namespace {
@@ -38,6 +41,25 @@ std::string BrowseFailure(HRESULT result)
     return ResultText(result) + (result == E_INVALIDARG ? ", no structure, array or function block there" : "");
 }
 
+bool HasUnlistedElements(CSymb& table, const std::string& path)
+{
+    ListingRequest request;
+    request.path = path;
+    request.pageSize = 1;
+    std::vector<ListingEntry> page;
+    if (!CListing(table, request).NextPage(page) || page.empty() || !page.front().isElement)
+        return false;
+    const std::int64_t first = ParseNumber(page.front().symbol.c_str() + path.size() + 1);
+    const std::int64_t behind = first + kListedElements;
+    return behind <= std::numeric_limits<std::int32_t>::max() &&
+           IsAnswered(table, path + "[" + std::to_string(behind) + "]");
+}
+
+std::string LimitText()
+{
+    return "there are more than the " + std::to_string(kListedElements) + " elements that a listing holds at most";
+}
+
 CListing::CListing(CSymb& source, ListingRequest wanted)
     : table(source), request(std::move(wanted)), resumeAt(request.startAt)
 {}
@@ -62,13 +84,22 @@ bool CListing::NextPage(std::vector<ListingEntry>& page)
     for (DWORD index = 0; index < elements.count; ++index) {
         page.push_back(EntryOf(elements.items[index]));
     }
+    listed += page.size();
     more = moreElements != 0;
+    if (!more && MayBeCut() && HasUnlistedElements(table, request.path))
+        Fail(LimitText());
     if (more) {
         resumeAt = point.Name();
         if (!resumed.insert(resumeAt).second)
             Fail("the listing comes back to " + resumeAt + ", which it holds more than once");
     }
     return true;
+}
+
+bool CListing::MayBeCut() const
+{
+    const bool isFiltered = request.pattern != "*" || !request.filter.empty() || request.varType != 0;
+    return !request.path.empty() && request.startAt.empty() && (isFiltered || listed >= kListedElements);
 }
 
 ListingEntry CListing::EntryOf(const BrowseElement& element) const

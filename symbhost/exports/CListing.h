@@ -31,6 +31,13 @@ struct ListingEntry
     bool isElement; // of an array
 };
 
+// Whether the array `path`, all of whose listed elements were seen, has more: then the listing was cut by the
+// plug-in's limit.
+bool HasUnlistedElements(CSymb& table, const std::string& path);
+
+// Tells that it was.
+std::string LimitText();
+
 // Why a browse operation answered `result`; empty for a success.
 std::string BrowseFailure(HRESULT result);
 
@@ -54,6 +61,8 @@ public:
     const std::string& Failure() const { return failure; }
 
 private:
+    // Whether the listing may have ended at the plug-in's limit.
+    bool MayBeCut() const;
     // Ends the listing; false.
     bool Fail(const std::string& reason);
     ListingEntry EntryOf(const BrowseElement& element) const;
@@ -61,6 +70,7 @@ private:
     CSymb& table;
     ListingRequest request;
     bool more = true;
+    std::size_t listed = 0; // entries so far
     std::string resumeAt;
     std::unordered_set<std::string> resumed; // every name so far
     std::string failure;

@@ -2,9 +2,6 @@
 
 #include "symbhost/exports/UpperName.h"
 #include "symbkds/model/ElementaryTypes.h"
-#include "symbkds/model/TextNumber.h"
-
-#include <limits>
 
 namespace {
 
@@ -37,35 +34,30 @@ std::string CProject::MemberType(const std::string& parentType, const std::strin
     return found;
 }
 
-std::optional<CProject::Root> CProject::FindRoot(const std::string& name) const
+std::optional<CProject::Root> CProject::FindListedRoot(const std::string& name, bool isBranch) const
 {
     std::optional<Root> found;
     for (const std::size_t position : file.FindVariables(name)) {
-        Root root{file.ReadVariable(position), false, false};
-        if (const std::optional<ListingEntry> entry = ListedRoot(Table(), root.item.name)) {
-            root.isListed = true;
-            root.isBranch = entry->isBranch;
-            // Of two variables with one name the later may have been left out for its type.
-            const bool isElementary = FindElementaryType(root.item.typeName, NameCase::Ignored) != nullptr;
-            if (isElementary != root.isBranch)
-                return root;
-        }
+        Root root{file.ReadVariable(position), true, isBranch};
+        if (root.item.name != name)
+            continue;
+        // Of two variables with one name the later may have been left out for its type.
+        const bool isElementary = FindElementaryType(root.item.typeName, NameCase::Ignored) != nullptr;
+        if (isElementary != isBranch)
+            return root;
         if (!found)
             found = std::move(root);
     }
     return found;
 }
 
-bool CProject::IsListingCut(const std::string& path) const
+std::optional<CProject::Root> CProject::FindRoot(const std::string& name) const
 {
-    ListingRequest request;
-    request.path = path;
-    request.pageSize = 1;
-    std::vector<ListingEntry> page;
-    if (!CListing(Table(), request).NextPage(page) || page.empty() || !page.front().isElement)
-        return false;
-    const std::int64_t first = ParseNumber(page.front().symbol.c_str() + path.size() + 1);
-    const std::int64_t behind = first + kListedElements;
-    return behind <= std::numeric_limits<std::int32_t>::max() &&
-           LookUp(path + "[" + std::to_string(behind) + "]").IsResolved();
+    const std::vector<std::size_t> positions = file.FindVariables(name);
+    for (const std::size_t position : positions)
+        if (const std::optional<ListingEntry> entry = ListedRoot(Table(), file.ReadVariableName(position)))
+            return FindListedRoot(entry->name, entry->isBranch);
+    if (positions.empty() || name.empty())
+        return std::nullopt;
+    return Root{file.ReadVariable(positions.front()), false, false};
 }

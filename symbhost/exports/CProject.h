@@ -30,9 +30,8 @@ public:
     };
     // The variable of this name in any case, of several the one that a host gets; nothing when the export has none.
     std::optional<Root> FindRoot(const std::string& name) const;
-
-    // Whether the listing below `path`, an array, ends before the array does.
-    bool IsListingCut(const std::string& path) const;
+    // What the export says of a variable that is listed under exactly this name.
+    std::optional<Root> FindListedRoot(const std::string& name, bool isBranch) const;
 
 private:
     CLoadedExport& loaded;

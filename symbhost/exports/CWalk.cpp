@@ -30,13 +30,13 @@ void CWalk::Begin()
         return;
     }
     ListingEntry entry{options.path, options.path, false, false};
-    const std::string parent = ParentOf(entry.name);
-    const bool isMember = !parent.empty() && entry.name[parent.size()] == '.';
     std::string parentType;
-    if (isMember) {
+    root = project.FindRoot(entry.symbol);
+    if (!root) {
+        const std::string parent = ParentOf(entry.symbol);
         Describe({parent, parent, true, false}, {});
         parentType = std::exchange(upperType, {});
-        entry.name = entry.name.substr(parent.size() + 1);
+        entry.name = entry.symbol.substr(std::min(parent.size() + 1, entry.symbol.size()));
     }
     Describe(entry, parentType);
     const bool isListed = Enter(entry.symbol);
@@ -116,12 +116,10 @@ void CWalk::Describe(const ListingEntry& entry, const std::string& parentType)
     root.reset();
     answer = project.LookUp(entry.symbol);
     row = RowOf(answer);
-    if (!row.IsServed()) {
-        if (entry.name == entry.symbol)
-            root = project.FindRoot(entry.symbol);
-        if (root)
-            AddExport(row, root->item);
-    }
+    if (!row.IsServed() && entry.name == entry.symbol)
+        root = levels.empty() ? project.FindRoot(entry.symbol) : project.FindListedRoot(entry.symbol, entry.isBranch);
+    if (root)
+        AddExport(row, root->item);
     upperType = UpperName(row.known != Row::Known::Nothing ? std::string(row.typeName)
                                                            : project.MemberType(parentType, entry.name));
 }
@@ -159,8 +157,6 @@ void CWalk::Leave()
     levels.pop_back();
     if (!level.listing.Failure().empty())
         NoteCut(level.path, level.listing.Failure());
-    else if (level.entries >= kListedElements && project.IsListingCut(level.path))
-        NoteCut(level.path, "no listing holds more than " + std::to_string(kListedElements) + " elements");
 }
 
 void CWalk::NoteCut(const std::string& symbol, const std::string& why)

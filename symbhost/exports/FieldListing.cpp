@@ -1,5 +1,7 @@
 #include "symbhost/exports/FieldListing.h"
 
+#include <utility>
+
 namespace {
 
 struct Wanted
@@ -42,6 +44,26 @@ HRESULT ListOnce(CSymb& table, const ListingRequest& request, Wanted wanted, con
     return result;
 }
 
+void MergeInListingOrder(CSymb& table, const ListingRequest& request, std::vector<FieldEntry>& leaves,
+                         std::vector<FieldEntry>& branches, std::vector<FieldEntry>& merged)
+{
+    ListingRequest everything = request; // the filters of both kinds of listing differ
+    everything.filter.clear();
+    everything.varType = 0;
+    CListing listing(table, everything);
+    std::vector<ListingEntry> page;
+    auto leaf = leaves.begin();
+    auto branch = branches.begin();
+    while (listing.NextPage(page)) {
+        for (const ListingEntry& entry : page) {
+            if (leaf != leaves.end() && leaf->name == entry.name)
+                merged.push_back(std::move(*leaf++));
+            else if (branch != branches.end() && branch->name == entry.name)
+                merged.push_back(std::move(*branch++));
+        }
+    }
+}
+
 } // namespace
 
 HRESULT ListFields(CSymb& table, const ListingRequest& request, const std::string& codes,
@@ -57,6 +79,11 @@ HRESULT ListFields(CSymb& table, const ListingRequest& request, const std::strin
     if (!request.path.empty())
         return ListOnce(table, request, kAll, codes, entries);
     // At the root one call lists either the simple variables or the others.
-    const HRESULT result = ListOnce(table, request, kLeaves, codes, entries);
-    return FAILED(result) ? result : ListOnce(table, request, kBranches, codes, entries);
+    std::vector<FieldEntry> leaves;
+    std::vector<FieldEntry> branches;
+    HRESULT result = ListOnce(table, request, kLeaves, codes, leaves);
+    if (SUCCEEDED(result))
+        result = ListOnce(table, request, kBranches, codes, branches);
+    MergeInListingOrder(table, request, leaves, branches, entries);
+    return result;
 }

@@ -25,15 +25,6 @@ void TakeTexts(const PropertyEntry* properties, DWORD count, LookupAnswer& symbo
 
 } // namespace
 
-std::string LookupAnswer::Access() const
-{
-    constexpr DWORD kRead = 1;
-    constexpr DWORD kWrite = 2;
-    const std::string text =
-        std::string(descriptor.accessRight & kRead ? "r" : "") + (descriptor.accessRight & kWrite ? "w" : "");
-    return text.empty() ? "none" : text;
-}
-
 LookupAnswer LookUp(CSymb& table, CConsoleSink& sink, const std::string& name)
 {
     LookupAnswer symbol{};
@@ -60,4 +51,18 @@ LookupAnswer LookUp(CSymb& table, CConsoleSink& sink, const std::string& name)
     symbol.descriptor = *descriptor;
     TakeTexts(properties, propertyCount, symbol);
     return symbol;
+}
+
+bool IsAnswered(CSymb& table, const std::string& name)
+{
+    CString address;
+    CString comment;
+    AddressDescriptor* descriptor = nullptr;
+    PropertyEntry* properties = nullptr;
+    DWORD propertyCount = 0;
+    const HRESULT result =
+        table.SearchAndGetFF(0, name.c_str(), address, comment, &descriptor, &propertyCount, &properties);
+    const DescriptorHolder descriptorHolder(descriptor);
+    const PropertiesHolder propertiesHolder(properties);
+    return SUCCEEDED(result);
 }

@@ -22,10 +22,11 @@ struct LookupAnswer
     bool IsResolved() const { return SUCCEEDED(result); }
     bool IsBit() const { return descriptor.extraction == AddressDescriptor::kExtractBit; }
     bool IsByReference() const { return descriptor.indirection == AddressDescriptor::kByReference; }
-    // "r", "w", "rw" or "none".
-    std::string Access() const;
 };
 
 // A name with a null inside is refused here, because the interface would see its first part only.
 // Passes CMemoryException on.
 LookupAnswer LookUp(CSymb& table, CConsoleSink& sink, const std::string& name);
+
+// Whether a lookup of the name answers; its message is not kept.
+bool IsAnswered(CSymb& table, const std::string& name);

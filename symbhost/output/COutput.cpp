@@ -5,13 +5,14 @@
 void COutput::Write(std::string_view text)
 {
     stream << text;
+    written.fetch_add(text.size(), std::memory_order_relaxed);
     Check();
 }
 
 void COutput::Line(std::string_view text)
 {
-    stream << text << '\n';
-    Check();
+    Write(text);
+    Write("\n");
 }
 
 void COutput::Flush()

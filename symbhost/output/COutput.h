@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+#include <cstdint>
 #include <ostream>
 #include <string_view>
 
@@ -14,7 +16,14 @@ struct OutputError
 class COutput
 {
 public:
-    explicit COutput(std::ostream& target) : stream(target) {}
+    // `terminalColumns`: the width of the terminal that `target` is; 0: it is none.
+    explicit COutput(std::ostream& target, std::size_t terminalColumns = 0) : stream(target), columns(terminalColumns)
+    {}
+
+    bool IsTerminal() const { return columns != 0; }
+    std::size_t Columns() const { return columns; }
+    // So far; any thread may ask.
+    std::uint64_t WrittenBytes() const { return written.load(std::memory_order_relaxed); }
 
     void Write(std::string_view text);
     // The text and a line end.
@@ -25,4 +34,6 @@ private:
     void Check();
 
     std::ostream& stream;
+    std::size_t columns;
+    std::atomic<std::uint64_t> written = 0;
 };

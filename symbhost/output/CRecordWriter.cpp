@@ -119,8 +119,12 @@ public:
             texts.push_back(std::visit(CCellText{"-"}, cells[at]));
         table.AddRow(texts);
     }
-    void Flush() override { table.Finish(); }
-    void Finish() override { table.Finish(); }
+    void AddNote(std::string_view first, std::string_view text) override
+    {
+        table.AddNote(std::string(first), std::string(text));
+    }
+    void Flush() override { table.Flush(); }
+    void Finish() override { table.Flush(); }
 
 private:
     static std::vector<CTable::Column> TitlesOf(const std::vector<Column>& columns,
@@ -137,6 +141,8 @@ private:
 };
 
 } // namespace
+
+void CRecordWriter::AddNote(std::string_view, std::string_view) {}
 
 std::unique_ptr<CRecordWriter> CRecordWriter::Make(OutputForm form, COutput& output, std::vector<Column> columns,
                                                    const std::vector<std::size_t>& order)

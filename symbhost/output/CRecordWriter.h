@@ -24,6 +24,8 @@ public:
 
     // One cell for each column.
     virtual void Add(std::span<const Cell> cells) = 0;
+    // A table shows `text` in place of all cells but the first; the other forms show nothing.
+    virtual void AddNote(std::string_view first, std::string_view text);
     // Whoever waits for the records so far sees them now.
     virtual void Flush() = 0;
     // Prints what is still to be printed; the last call.

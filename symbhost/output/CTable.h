@@ -5,10 +5,11 @@
 #include <string>
 #include <vector>
 
-// Rows of printable cells in columns as wide as their widest cell.
+// Rows of printable cells in columns.
 //
-// Rows are printed in blocks, so a table of any length takes little memory:
-// the columns of later blocks may be wider, never narrower.
+// The first rows are held back and tell how wide the columns are; from then on the widths stay and
+// rows are printed as they come. A cell that is much wider than the others of its column, or comes later,
+// moves the rest of its own row only. On a terminal, lines end at its edge.
 class CTable
 {
 public:
@@ -24,8 +25,8 @@ public:
     void AddRow(const std::vector<std::string>& cells);
     // A first cell like those of other rows and then a text that spans the rest of the line.
     void AddNote(const std::string& cell, const std::string& note);
-    // Prints what is still to be printed. The titles come with the first row.
-    void Finish();
+    // Prints what was held back; the titles come with the first row.
+    void Flush();
 
 private:
     struct Row
@@ -35,11 +36,12 @@ private:
     };
 
     void Add(Row row);
+    void FixWidths();
+    std::size_t WidthOf(std::size_t column) const;
     void PrintRow(const Row& row);
 
     COutput& output;
     std::vector<Column> columns;
-    std::vector<std::size_t> widths;
+    std::vector<std::size_t> widths; // empty while rows are held back
     std::vector<Row> pending;
-    bool hasTitles = false;
 };

@@ -1,8 +1,7 @@
 #include "symbhost/plugin/CConsoleSink.h"
 
-#include "symbhost/Text.h"
+#include "symbhost/Failure.h"
 
-#include <iostream>
 #include <utility>
 
 void CConsoleSink::Trace(LONG level, LPCSTR text)
@@ -14,7 +13,7 @@ void CConsoleSink::Trace(LONG level, LPCSTR text)
         collected += text;
         return;
     }
-    std::cerr << "level " << level << ": " << Printable(text) << '\n' << std::flush;
+    WriteErrorLine("level " + std::to_string(level) + ": " + text);
 }
 
 void CConsoleSink::Collect()

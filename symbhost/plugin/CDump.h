@@ -1,21 +1,28 @@
 #pragma once
 
+#include "platform/win32/Types.h"
+
 #include <filesystem>
 #include <string>
 
-// A folder of its own below the system's temporary folder, readable by this
-// user only; its destruction removes it with all that it holds.
-class CTemporaryFolder
+// The dump that a load is asked for. It is written into a new subfolder, which goes with this object, and
+// takes the place of an older one only when all of it was written.
+class CDump
 {
 public:
-    // Raises CHostError when none can be created.
-    CTemporaryFolder();
-    CTemporaryFolder(const CTemporaryFolder&) = delete;
-    CTemporaryFolder& operator=(const CTemporaryFolder&) = delete;
-    ~CTemporaryFolder();
+    // `givenFolder` must exist (ANSI code page). Raises CHostError when nothing can be created there.
+    explicit CDump(const std::string& givenFolder);
+    CDump(const CDump&) = delete;
+    CDump& operator=(const CDump&) = delete;
+    ~CDump();
 
-    std::string Path() const { return path.string(); }
+    // The subfolder, for the load.
+    const std::string& Folder() const { return subfolder; }
+    // Keeps what a load of `exportPath` between two readings of GetTickCount wrote. Raises CHostError when that
+    // is no complete dump.
+    void Keep(const std::string& exportPath, DWORD earliestTick, DWORD latestTick) const;
 
 private:
-    std::filesystem::path path;
+    std::string folder;
+    std::string subfolder;
 };

@@ -12,7 +12,7 @@ struct LoadOptions
 {
     std::string exportPath;             // ANSI code page
     std::string pluginPath;             // empty: the plug-in beside this program
-    std::optional<std::string> dumpDir; // none: a temporary folder; empty: no dump
+    std::optional<std::string> dumpDir; // none: no dump
 };
 
 // COM on this thread, for as long as the object lives.
@@ -30,7 +30,8 @@ public:
 class CLoadedExport
 {
 public:
-    // Loads the export with the lookup's messages on. Raises CHostError when it cannot be loaded.
+    // Loads the export with the lookup's messages on. Raises CHostError when it cannot be loaded
+    // or a dump that was asked for was not written whole; that leaves nothing in the folder.
     explicit CLoadedExport(const LoadOptions& options);
 
     CSymb& Table() const { return *table; }
@@ -38,6 +39,8 @@ public:
     const std::string& Path() const { return path; }
     CConsoleSink& Sink() { return sink; }
     DWORD TypeCode() const { return plugin.TypeCode(); }
+    // Whether a host is listed any variable.
+    bool HasVariables() const;
     // How long Init took.
     std::chrono::milliseconds LoadTime() const { return loadTime; }
 

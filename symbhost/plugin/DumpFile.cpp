@@ -1,4 +1,4 @@
-#include "symbhost/commands/DumpFile.h"
+#include "symbhost/plugin/DumpFile.h"
 
 #include "platform/win32/File.h"
 

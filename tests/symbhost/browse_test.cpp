@@ -45,7 +45,7 @@ TEST_F(BrowseTest, ListsWhatIsThere)
         {{"--vartype", "4"}, "leaf    LEVEL\n"},
         {{"--unlocated", "--leaves"}, "leaf    LOOSE\n"},
         {{"motor1"}, "leaf    motor1.SPEED\nbranch  motor1.LIMITS\n"},
-        {{"MOTOR1.LIMITS"}, "leaf    MOTOR1.LIMITS[1]\nleaf    MOTOR1.LIMITS[2]\n"},
+        {{"MOTOR1.LIMITS."}, "leaf    MOTOR1.LIMITS[1]\nleaf    MOTOR1.LIMITS[2]\n"}, // the dot is taken off
         {{"--page", "2", "--branches", "--pattern", "M"}, "-- page 1\n" + motors},
         {{"--page", "1", "--leaves", "--pattern", "L"},
          "-- page 1\nleaf    LEVEL\n-- page 2, from LOOSE\nleaf    LOOSE\n"},
@@ -91,7 +91,7 @@ TEST_F(BrowseTest, DrawsTrees)
     EXPECT_EQ(odd.status, 1);
 }
 
-TEST_F(BrowseTest, PrintsJson)
+TEST_F(BrowseTest, PrintsJsonAndCsv)
 {
     const auto entries = nlohmann::json::parse(Browse({"MOTOR1", "--json"}).output);
     EXPECT_EQ(entries, nlohmann::json::parse(R"([{"name":"SPEED","itemId":"MOTOR1.SPEED","kind":"leaf"},
@@ -99,6 +99,12 @@ TEST_F(BrowseTest, PrintsJson)
     const auto fields = nlohmann::json::parse(Browse({"--json", "--fields", "AC", "--leaves"}).output);
     EXPECT_EQ(fields, nlohmann::json::parse(R"([{"name":"W1","address":"%MW10","comment":"x|y"}])"));
     EXPECT_EQ(Browse({"NOPE", "--json"}).output, "[]\n");
+    EXPECT_EQ(Browse({"MOTOR1.LIMITS", "--csv"}).output,
+              "name,itemId,kind\r\nLIMITS[1],MOTOR1.LIMITS[1],leaf\r\nLIMITS[2],MOTOR1.LIMITS[2],leaf\r\n");
+    // Fields do not change the order of the listing.
+    const std::string mixed = Export("TYPE T STRUCT A INT END VAR M1 T AT %MW1 VAR W1 WORD AT %MW2 VAR M2 T AT %MW3");
+    EXPECT_EQ(Run({"browse", mixed, "--fields", "A", "--csv"}).output,
+              "name,address\r\nM1,%MW1\r\nW1,%MW2\r\nM2,%MW3\r\n");
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // A dump counts when the load that was asked for wrote all of it.
 #include "symbhost/HostFixture.h"
 
-#include "symbhost/commands/DumpFile.h"
+#include "symbhost/plugin/DumpFile.h"
 
 #include <algorithm>
 
@@ -21,13 +21,62 @@ TEST_F(DumpTest, PrintsThePathOfTheDump)
         EXPECT_EQ(run.output, folder.FilePath(name + ".log") + "\n");
     }
     EXPECT_NE(folder.ReadFile(name + ".log").find("XMLItem W1\r\n"), std::string::npos);
-    EXPECT_EQ(Run({"dump", folder.FilePath("none.kds"), folder.Path()}).status, 2);
-    for (const std::string& dir : {folder.FilePath("none"), std::string()}) {
-        const HostRun run = Run({"dump", plant, dir});
-        EXPECT_EQ(run.status, 1);
+}
+
+// A dump that is not written whole leaves the folder as it was.
+TEST_F(DumpTest, KeepsWhatWasThere)
+{
+    const std::string dumps = folder.FilePath("dumps");
+    const std::string plant = Export("VAR W1 WORD AT %MW10 size 2");
+    const std::string other = WriteExport(folder, "VAR W2 WORD", "other.kds");
+    const std::string broken = folder.WriteFile("broken.kds", "<a>");
+    std::filesystem::create_directories(DumpPath(dumps, other)); // in the way
+    const auto filesThere = [&dumps] { return std::distance(std::filesystem::directory_iterator(dumps), {}); };
+    EXPECT_EQ(Run({"info", plant, "--dump-dir", dumps}).status, 0);
+    EXPECT_EQ(filesThere(), 2);
+    const struct
+    {
+        std::vector<std::string> arguments;
+        std::string errors;
+    } cases[] = {
+        {{"dump", broken, dumps}, "cannot be loaded"},
+        {{"dump", folder.FilePath("none.kds"), dumps}, "cannot be loaded"},
+        {{"dump", other, dumps}, "no dump was written to " + DumpPath(dumps, other)},
+        {{"resolve", plant, "W1", "--dump-dir", folder.FilePath("none")}, "no dump can be written into"},
+        {{"dump", plant, ""}, "is empty"},
+    };
+    for (const auto& row : cases) {
+        const HostRun run = Run(row.arguments);
+        EXPECT_EQ(run.status, 2);
         EXPECT_EQ(run.output, "");
-        EXPECT_NE(run.errors.find("no dump was written"), std::string::npos) << run.errors;
+        EXPECT_NE(run.errors.find(row.errors), std::string::npos) << run.errors;
+        EXPECT_EQ(filesThere(), 2) << row.errors;
     }
+}
+
+// Whenever the signal comes, there is a whole dump or none.
+TEST_F(DumpTest, AnInterruptLeavesNothingHalfDone)
+{
+    std::string many;
+    for (int number = 0; number < 5000; ++number)
+        many += "VAR NAME" + std::to_string(number) + " WORD AT %MW10 size 2\n";
+    const std::string plant = Export(many);
+    const std::string dumps = folder.FilePath("dumps");
+    std::filesystem::create_directory(dumps);
+    const std::string program =
+        ProgramFolder() + "symbhost dump " + plant + " " + dumps + " >" + folder.FilePath("out");
+    bool isInterrupted = false;
+    for (const std::string signal : {"INT", "TERM"}) {
+        for (const std::string seconds : {"0.01", "0.03", "0.06", "0.1", "0.2"}) {
+            const int status = std::system(("timeout -s " + signal + " " + seconds + " " + program).c_str());
+            isInterrupted = isInterrupted || status != 0;
+            for (const auto& entry : std::filesystem::directory_iterator(dumps)) {
+                EXPECT_EQ(entry.path().string(), DumpPath(dumps, plant)) << signal << " " << seconds;
+                EXPECT_TRUE(ReadWholeFile(entry.path()).ends_with("\r\n"));
+            }
+        }
+    }
+    EXPECT_TRUE(isInterrupted);
 }
 
 TEST_F(DumpTest, RefusesOldAndIncompleteFiles)

@@ -15,6 +15,7 @@ class ExitStatusTest : public HostTest
 TEST_F(ExitStatusTest, TellsWhatWentWrong)
 {
     const std::string plant = Export(kPlant);
+    const std::string empty = folder.WriteFile("empty.kds", "<a><dataBlock/></a>");
     const std::string library = ProgramFolder() + SHARED_LIBRARY_NAME("symbplatform");
     const std::string broken = folder.WriteFile("broken.kds", "<LocatedSymbolTable><dataBlock>");
     const struct
@@ -32,9 +33,16 @@ TEST_F(ExitStatusTest, TellsWhatWentWrong)
         {{"browse", plant, "NOPE"}, 1, "listing NOPE failed: 0x80070057"},
         {{"browse", plant, "W1", "--fields", "A"}, 1, "listing W1 failed: 0x80070057"},
         {{"browse", plant, "W1", "--tree"}, 1, "listing W1 failed: 0x80070057"},
+        {{"browse", empty}, 0, "gave no variables; symbhost check tells why"},
         {{}, 2, "subcommand"},
         {{"explode", plant}, 2, "--help"},
+        {{"resolv", plant, "W1"}, 2, "there is no command resolv; did you mean resolve?"},
         {{"resolve", plant}, 2, "NAME is required"},
+        {{"why", plant, "--from", folder.Path()}, 2, "cannot be read"},
+        {{"why", plant, "--column", "X"}, 2, "--from"},
+        {{"info", plant, "--", "X"}, 2, "nothing behind --"},
+        {{"browse", plant, "--pattern=", "W"}, 2, "--pattern= has no value"},
+        {{"browse", plant, "--pattern", "*1"}, 2, "--pattern: text behind a *"},
         {{"browse", plant, "--fields", "AX"}, 2, "field codes"},
         {{"browse", plant, "--tree", "--depth", "17"}, 2, "not in range"},
         {{"browse", plant, "--json", "--page", "2"}, 2, "excludes"},
@@ -63,6 +71,8 @@ TEST_F(ExitStatusTest, TellsWhatWentWrong)
 TEST_F(ExitStatusTest, InfoDescribesTheLoad)
 {
     const std::string plant = Export(kPlant);
+    const std::string json = Run({"info", plant, "--json"}).output;
+    EXPECT_TRUE(json.ends_with("\"variables\":2,\"leaves\":2,\"branches\":0,\"messages\":0}\n")) << json;
     const std::string output = Run({"info", plant}).output;
     for (const std::string& line :
          {"export       " + plant + "\n", std::string("type code    9\n"),
@@ -90,15 +100,24 @@ TEST_F(ExitStatusTest, ReaderOfTheOutputGoesAway)
     }
 }
 
-// A folder of the program's own holds the dump that nobody asked for.
+TEST_F(ExitStatusTest, OutputThatCannotBeWritten)
+{
+    const std::string plant = Export(kPlant);
+    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+             {"list", plant}, {"browse", plant, "--csv"}, {"resolve", plant, "W1"}, {"info", plant}, {"--help"}}) {
+        const HostRun run = Run(arguments, {}, ">/dev/full;:");
+        EXPECT_EQ(run.status, 2);
+        EXPECT_NE(run.errors.find("cannot be written"), std::string::npos) << run.errors;
+    }
+}
+
+// What the system keeps temporary files in stays empty.
 TEST_F(ExitStatusTest, LeavesNothingBehind)
 {
     const std::string plant = Export(kPlant);
     EXPECT_EQ(Run({"info", plant}).status, 0);
     EXPECT_EQ(Run({"info", folder.FilePath("none.kds")}).status, 2);
     EXPECT_TRUE(std::filesystem::is_empty(folder.FilePath("temporary")));
-    EXPECT_EQ(Run({"info", plant, "--dump-dir", folder.FilePath("temporary")}).status, 0);
-    EXPECT_FALSE(std::filesystem::is_empty(folder.FilePath("temporary")));
 }
 
 } // namespace

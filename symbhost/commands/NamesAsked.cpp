@@ -1,0 +1,33 @@
+#include "symbhost/commands/NamesAsked.h"
+
+std::vector<Column> ColumnsIn(const CNameList& names)
+{
+    std::vector<Column> columns;
+    for (const std::string& title : names.MoreColumns())
+        columns.push_back({"in_" + title, {}, false});
+    return columns;
+}
+
+void AppendCellsIn(const GivenName& name, std::vector<Cell>& cells)
+{
+    for (const std::string& text : name.more)
+        cells.emplace_back(std::string_view(text));
+}
+
+LookupAnswer LookUpGiven(CSymb& table, CConsoleSink& sink, const GivenName& name)
+{
+    if (!name.isTooLong)
+        return LookUp(table, sink, name.name);
+    LookupAnswer refused{};
+    refused.name = name.name;
+    refused.result = E_INVALIDARG;
+    refused.message = "the line is too long for a name";
+    return refused;
+}
+
+Explanation ExplainGiven(CExplainer& explainer, const GivenName& name, const LookupAnswer& answer)
+{
+    if (name.isTooLong)
+        return {Reason::NotAPath, "the line is too long for a name; this is its beginning"};
+    return explainer.Explain(answer);
+}

@@ -1,0 +1,52 @@
+#include "symbhost/exports/CSymbolPath.h"
+
+#include "symbkds/resolve/CSymbKorvaAnalyser.h"
+
+CSymbolPath::CSymbolPath(const std::string& name)
+{
+    CString asked(name.c_str());
+    asked.TrimLeft(' ');
+    CSymbKorvaAnalyser analyser;
+    isPath = name.find('\0') == std::string::npos && analyser.Analyse(asked, 0);
+    if (!isPath)
+        return;
+    const int last = analyser.GetLastIndex();
+    for (int item = 0; item <= last; ++item) {
+        const CSymbKorvaAnalysedItem& step = analyser.GetItem(item);
+        const bool isNumber = item > 0 && item == last && step.hasNumber && step.index == step.name;
+        if (item == last && step.hasNumber)
+            bit = step.index.View();
+        if (isNumber)
+            break; // the bit of an element
+        if (item > 0 && step.name.IsEmpty())
+            text += "[" + std::string(step.index.View()) + "]";
+        else
+            text += (item > 0 ? "." : "") + std::string(step.name.View());
+        ends.push_back(text.size());
+    }
+    if (StepCount() == 1 && bit && text == *bit)
+        bit.reset(); // a number alone is a name
+    isPath = ends.size() > 0 && ends[0] > 0;
+}
+
+std::string CSymbolPath::Step(std::size_t step) const
+{
+    const std::size_t begin = step == 0 ? 0 : ends[step - 1] + (IsIndex(step) ? 0 : 1);
+    return text.substr(begin, ends[step] - begin);
+}
+
+std::string CSymbolPath::Behind(std::size_t step) const
+{
+    std::string rest = text.substr(ends[step]) + (bit ? "." + *bit : std::string());
+    return rest.starts_with('.') ? rest.substr(1) : rest;
+}
+
+std::string MendedPath(std::string path)
+{
+    while (path.ends_with('.'))
+        path.pop_back();
+    const std::size_t open = path.rfind('[');
+    if (open != std::string::npos && path.find_first_of("].", open) == std::string::npos)
+        path += ']';
+    return path;
+}
