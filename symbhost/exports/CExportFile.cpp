@@ -1,10 +1,9 @@
 #include "symbhost/exports/CExportFile.h"
 
-#include "platform/com/ClassObject.h"
 #include "platform/win32/CodePage.h"
 #include "symbhost/Failure.h"
-#include "symbhost/Text.h"
 #include "symbhost/exports/ElementReading.h"
+#include "symbhost/exports/LoadProblem.h"
 #include "symbhost/exports/UpperName.h"
 
 #include <algorithm>
@@ -20,16 +19,13 @@ const CElementReader& Reader()
 
 CInterfacePtr<WalkSource> LoadExport(const std::string& path)
 {
-    const auto check = [&path](HRESULT result) {
-        if (FAILED(result))
-            throw CHostError("the export " + path + " cannot be read: " + ResultText(result));
-    };
     CInterfacePtr<ImportSource> import;
-    check(CoCreateInstance(CLSID_KorvaProServices, nullptr, CLSCTX_INPROC_SERVER, IID_ImportSource, import.PutVoid()));
-    check(import->InitImportWithoutDlg(CBstr::FromNarrow(path.c_str(), CP_THREAD_ACP).Get()));
-    check(import->ImportFile());
+    LoadProblem problem = LoadByComponent(path, import);
     CInterfacePtr<WalkSource> walk;
-    check(import->QueryInterface(IID_WalkSource, walk.PutVoid()));
+    if (SUCCEEDED(problem.result))
+        problem.result = import->QueryInterface(IID_WalkSource, walk.PutVoid());
+    if (FAILED(problem.result))
+        throw CHostError("the export " + path + " cannot be read: " + problem.Text());
     return walk;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/win32/Clock.h"
 #include "symbhost/Failure.h"
 #include "symbhost/Text.h"
+#include "symbhost/exports/LoadProblem.h"
 #include "symbhost/plugin/CDump.h"
 #include "symbhost/plugin/HostMemory.h"
 
@@ -38,8 +39,10 @@ CLoadedExport::CLoadedExport(const LoadOptions& options)
     dump.reset();
     held.reset();
     CHeldInterrupts::EndIfInterrupted();
-    if (!isLoaded)
-        throw CHostError("the export " + path + " cannot be loaded");
+    if (!isLoaded) {
+        const std::string problem = FindLoadProblem(path).Text();
+        throw CHostError("the export " + path + " cannot be loaded" + (problem.empty() ? "" : ": " + problem));
+    }
 }
 
 bool CLoadedExport::HasVariables() const

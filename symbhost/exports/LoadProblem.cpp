@@ -1,0 +1,67 @@
+#include "symbhost/exports/LoadProblem.h"
+
+#include "platform/com/ClassObject.h"
+#include "platform/mfc/CBstr.h"
+#include "platform/win32/CodePage.h"
+#include "symbhost/Text.h"
+
+namespace {
+
+std::string TextOf(LoadReport& report, HRESULT (STDMETHODCALLTYPE LoadReport::*get)(BSTR*))
+{
+    CBstr text;
+    (report.*get)(text.Put()); // a failure leaves it empty
+    return NarrowText(text.Get(), text.Length(), CP_UTF8);
+}
+
+} // namespace
+
+std::string LoadProblem::Text() const
+{
+    if (SUCCEEDED(result))
+        return {};
+    switch (static_cast<DWORD>(result)) {
+    case 0x80070002: // ERROR_FILE_NOT_FOUND
+    case 0x80070003: // ERROR_PATH_NOT_FOUND
+        return "there is no such file";
+    case 0x80070005: // ERROR_ACCESS_DENIED
+        return "it may not be read";
+    case 0x8007000D: // ERROR_INVALID_DATA
+        if (fault.empty())
+            return "it is no file, or no well-formed XML";
+        return "it is no well-formed XML: line " + std::to_string(line) + ", column " + std::to_string(column) + ": " +
+               fault;
+    case 0x80070057: // E_INVALIDARG
+        return "its name is empty";
+    case 0x8007000E: // E_OUTOFMEMORY
+        return "memory is short";
+    default:
+        return "the project-services component fails with " + ResultText(result);
+    }
+}
+
+LoadProblem LoadByComponent(const std::string& path, CInterfacePtr<ImportSource>& component)
+{
+    LoadProblem problem;
+    problem.result =
+        CoCreateInstance(CLSID_KorvaProServices, nullptr, CLSCTX_INPROC_SERVER, IID_ImportSource, component.PutVoid());
+    if (!component)
+        return problem;
+    problem.result = component->InitImportWithoutDlg(CBstr::FromNarrow(path.c_str(), CP_THREAD_ACP).Get());
+    if (SUCCEEDED(problem.result))
+        problem.result = component->ImportFile();
+    CInterfacePtr<LoadReport> report;
+    if (component->QueryInterface(IID_LoadReport, report.PutVoid()) != S_OK || !report)
+        return problem;
+    report->GetPosition(&problem.line, &problem.column); // a failure leaves 0
+    problem.fault = TextOf(*report.Get(), &LoadReport::GetFault);
+    problem.declaredEncoding = TextOf(*report.Get(), &LoadReport::GetDeclaredEncoding);
+    problem.usedEncoding = TextOf(*report.Get(), &LoadReport::GetUsedEncoding);
+    return problem;
+}
+
+LoadProblem FindLoadProblem(const std::string& path)
+{
+    CInterfacePtr<ImportSource> component;
+    return LoadByComponent(path, component);
+}
