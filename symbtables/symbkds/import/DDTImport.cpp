@@ -5,12 +5,10 @@
 #include "symbkds/import/MemberReader.h"
 #include "symbkds/model/CSymbXMLDDTArrayDef.h"
 #include "symbkds/model/CSymbXMLDDTStructDef.h"
+#include "symbkds/model/ExportWords.h"
 #include "symbkds/model/WideToUtf8.h"
 
 namespace {
-
-// Registered although it has no members.
-constexpr LPCSTR kEmptyStructure = "SFCCHART_STATE";
 
 class CDDTReader
 {
@@ -61,7 +59,7 @@ private:
         if (FirstChild(source, structureTag, element) == S_OK && element && element->GetChildren(list.Put()) == S_OK &&
             list)
             ReadMembers(*list.Get(), structure->members);
-        if (structure->members.GetCount() > 0 || name == kEmptyStructure)
+        if (structure->members.GetCount() > 0 || name.View() == kEmptyStructure)
             types.AddTypeDef(name, std::move(structure));
     }
 

@@ -4,16 +4,10 @@
 #include "symbkds/frame/Guard.h"
 #include "symbkds/import/MemberReader.h"
 #include "symbkds/model/CSymbXMLDFBDef.h"
+#include "symbkds/model/ExportWords.h"
 #include "symbkds/model/WideToUtf8.h"
 
-#include <algorithm>
-#include <string_view>
-
 namespace {
-
-// The sections of a function block that hold parameters or variables, upper-cased.
-constexpr std::string_view kSectionTags[] = {"INPUTPARAMETERS", "INOUTPARAMETERS", "OUTPUTPARAMETERS",
-                                             "PRIVATELOCALVARIABLES", "PUBLICLOCALVARIABLES"};
 
 class CDFBReader
 {
@@ -47,9 +41,7 @@ private:
     {
         CBstr wideTag;
         element.GetTagName(wideTag.Put()); // a failure leaves no tag, which is no section
-        CString tag = WideToUtf8(wideTag.Get());
-        tag.MakeUpper();
-        return std::ranges::find(kSectionTags, tag.View()) != std::end(kSectionTags);
+        return IsFunctionBlockSection(WideToUtf8(wideTag.Get()).View());
     }
 
     // Appends the parameters of a section. Returns the last result of the last parameter's hidden flag.

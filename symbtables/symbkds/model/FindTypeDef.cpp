@@ -3,13 +3,8 @@
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTArrayDef.h"
 #include "symbkds/model/CUpperName.h"
+#include "symbkds/model/ExportWords.h"
 #include "symbkds/model/MAPOFDDTDEF.h"
-
-namespace {
-
-constexpr std::string_view kArrayKeyword = "ARRAY";
-
-} // namespace
 
 CString& CSymbXMLDDTArrayDef::MakeTempArrayName(CString& text, CSymbXml& symbolTable)
 {
@@ -43,8 +38,7 @@ bool MAPOFDDTDEF::FindTypeDef(const CString& name, CSymbXMLDDTDef*& definition)
     definition = nullptr;
     if (definitions.Lookup(key, definition))
         return true;
-    return std::string_view(key).starts_with(kArrayKeyword) &&
-           AddDeclaredArray(name, static_cast<LPCSTR>(key), definition);
+    return IsArrayDeclaration(name.View()) && AddDeclaredArray(name, static_cast<LPCSTR>(key), definition);
 }
 
 bool MAPOFDDTDEF::AddDeclaredArray(const CString& name, const CString& key, CSymbXMLDDTDef*& definition)
