@@ -50,6 +50,7 @@ CCommandLine::CCommandLine()
     AddBrowse();
     AddList();
     AddWhy();
+    AddAt();
     AddDump();
 }
 
@@ -182,6 +183,17 @@ void CCommandLine::AddWhy()
     AddNames(why, whyOptions.names);
     AddForm(why, whyOptions.form);
     commands.back().run = [this](auto& loaded, auto& output) { return WhyCommand(loaded, whyOptions, output); };
+}
+
+void CCommandLine::AddAt()
+{
+    CLI::App& at = AddCommand("at", "Tell which symbols lie at a place");
+    at.add_option("PLACE", atOptions.places,
+                  "BLOCK:OFFSET, BLOCK:OFFSET-END or BLOCK:OFFSET.BIT, in bytes, or an address such as %MW10")
+        ->required()
+        ->check(PlaceProblem);
+    AddForm(at, atOptions.form);
+    commands.back().run = [this](auto& loaded, auto& output) { return AtCommand(loaded, atOptions, output); };
 }
 
 void CCommandLine::AddDump()

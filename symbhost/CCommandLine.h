@@ -1,5 +1,6 @@
 #pragma once
 
+#include "symbhost/commands/AtCommand.h"
 #include "symbhost/commands/BrowseCommand.h"
 #include "symbhost/commands/CArguments.h"
 #include "symbhost/commands/ListCommand.h"
@@ -45,6 +46,7 @@ private:
     void AddBrowseForm(CLI::App& browse);
     void AddList();
     void AddWhy();
+    void AddAt();
     void AddDump();
 
     // Whether the arguments make sense; tells if not. `status` is what the program answers then.
@@ -59,5 +61,6 @@ private:
     BrowseOptions browseOptions;
     ListOptions listOptions;
     WhyOptions whyOptions;
+    AtOptions atOptions;
     bool infoAsJson = false;
 };

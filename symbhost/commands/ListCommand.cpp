@@ -2,6 +2,7 @@
 
 #include "symbhost/Failure.h"
 #include "symbhost/Text.h"
+#include "symbhost/commands/WalkCutNotice.h"
 #include "symbhost/exports/CSymbolPath.h"
 #include "symbhost/output/CRecordPrinter.h"
 
@@ -23,12 +24,8 @@ bool PrintWalk(CWalk& walk, const std::string& path, const RowFilter& filter, CR
     while (walk.Next())
         if (filter.Accepts(walk.Current()))
             printer.Add(walk.Current());
-    const WalkCut& cut = walk.Cut();
-    if (cut.count == 0)
-        return true;
-    Complain("not everything is listed: below " + cut.first + ", " + cut.why +
-             (cut.count == 1 ? "" : "; and below " + std::to_string(cut.count - 1) + " more"));
-    return false;
+    ComplainOfCut(walk.Cut());
+    return walk.Cut().count == 0;
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "symbhost/exports/CRowStore.h"
 
+#include "symbhost/Failure.h"
+
 #include <algorithm>
 #include <functional>
 #include <utility>
@@ -35,6 +37,8 @@ const char* CRowStore::Keep(std::string_view text)
 
 void CRowStore::Add(const Row& row)
 {
+    if (rows.size() == kMostRows)
+        throw CHostError("there are more than " + std::to_string(kMostRows) + " symbols to keep");
     rows.push_back({row, Keep(row.name), Keep(row.address), Keep(row.typeName), Keep(row.kindName), Keep(row.comment),
                     Keep(row.customerString)});
 }

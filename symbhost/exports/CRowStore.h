@@ -12,6 +12,9 @@
 class CRowStore
 {
 public:
+    static constexpr std::size_t kMostRows = 10'000'000;
+
+    // Raises CHostError behind kMostRows, so that a damaged export cannot take all memory.
     void Add(const Row& row);
     std::size_t Count() const { return rows.size(); }
     // Its texts live as long as the store.

@@ -100,7 +100,7 @@ void CWalk::Visit(const ListingEntry& entry)
     row.isBranch = entry.isBranch;
     hasRow = options.branches || !entry.isBranch;
     bool hasUnknownType = false;
-    if (entry.isBranch) {
+    if (entry.isBranch && options.below) {
         const bool isRing =
             !upperType.empty() && std::ranges::find(levels, upperType, &Level::upperType) != levels.end();
         if (isRing)

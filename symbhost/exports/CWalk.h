@@ -10,6 +10,7 @@ struct WalkOptions
     std::string path; // below which to walk; empty: all variables
     bool branches = false;
     DWORD elements = 0; // at most so many of each dimension; 0: all
+    bool below = true;  // not only the variables themselves
 };
 
 // What a walk left out.

@@ -92,6 +92,8 @@ void AddExport(Row& row, const ExportItem& variable)
     row.block = static_cast<WORD>(variable.block.value_or(0));
     row.offset = static_cast<DWORD>(variable.offset.value_or(0));
     row.size = static_cast<DWORD>(variable.size.value_or(0));
+    row.bit = static_cast<std::uint8_t>(variable.bit.value_or(AddressDescriptor::kNoBit));
+    row.isBit = row.bit != AddressDescriptor::kNoBit;
     row.accessRights = static_cast<std::uint8_t>(variable.AccessRights());
     row.known = Row::Known::Export;
 }

@@ -1,0 +1,10 @@
+#include "symbhost/commands/WalkCutNotice.h"
+
+#include "symbhost/Failure.h"
+
+void ComplainOfCut(const WalkCut& cut)
+{
+    if (cut.count != 0)
+        Complain("not everything is listed: below " + cut.first + ", " + cut.why +
+                 (cut.count == 1 ? "" : "; and below " + std::to_string(cut.count - 1) + " more"));
+}
