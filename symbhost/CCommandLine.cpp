@@ -51,6 +51,7 @@ CCommandLine::CCommandLine()
     AddList();
     AddWhy();
     AddAt();
+    AddMap();
     AddDump();
 }
 
@@ -194,6 +195,15 @@ void CCommandLine::AddAt()
         ->check(PlaceProblem);
     AddForm(at, atOptions.form);
     commands.back().run = [this](auto& loaded, auto& output) { return AtCommand(loaded, atOptions, output); };
+}
+
+void CCommandLine::AddMap()
+{
+    CLI::App& map = AddCommand("map", "Show how the variables use the memory");
+    map.add_option("--block", mapOptions.block, "Only this block")->type_name("N");
+    map.add_option("--svg", mapOptions.svgPath, "Write a picture instead of a table")->type_name("FILE");
+    AddForm(map, mapOptions.form);
+    commands.back().run = [this](auto& loaded, auto& output) { return MapCommand(loaded, mapOptions, output); };
 }
 
 void CCommandLine::AddDump()

@@ -4,6 +4,7 @@
 #include "symbhost/commands/BrowseCommand.h"
 #include "symbhost/commands/CArguments.h"
 #include "symbhost/commands/ListCommand.h"
+#include "symbhost/commands/MapCommand.h"
 #include "symbhost/commands/ResolveCommand.h"
 #include "symbhost/commands/WhyCommand.h"
 #include "symbhost/output/COutput.h"
@@ -47,6 +48,7 @@ private:
     void AddList();
     void AddWhy();
     void AddAt();
+    void AddMap();
     void AddDump();
 
     // Whether the arguments make sense; tells if not. `status` is what the program answers then.
@@ -62,5 +64,6 @@ private:
     ListOptions listOptions;
     WhyOptions whyOptions;
     AtOptions atOptions;
+    MapOptions mapOptions;
     bool infoAsJson = false;
 };

@@ -66,6 +66,57 @@ TEST_F(PlaceTest, FindsWhatTouchesAPlace)
     }
 }
 
+TEST_F(PlaceTest, MapsRunsOfBytes)
+{
+    const struct
+    {
+        const char* variables;
+        std::vector<std::string> options;
+        const char* rows;
+    } cases[] = {
+        {kPlant,
+         {},
+         "5:20-20 used WORD1,ALIAS1,BIT3; 5:21-21 used WORD1,ALIAS1,BIT11; 5:22-22 used NOSIZE; 5:23-23 free; "
+         "5:24-25 used MOTOR1; 5:26-27 overlap MOTOR1,HALF; 5:28-29 used HALF; 6:100-111 used PID1; "},
+        {kPlant, {"--block", "6"}, "6:100-111 used PID1; "},
+        {kPlant, {"--block", "7"}, ""},
+        // An alias inside an overlap and behind it; the same bit twice; the largest variable at the largest offset.
+        {"VAR A DINT block 1 @0 size 8 VAR B DINT block 1 @4 size 8 VAR C INT block 1 @6 size 4\n"
+         "VAR D BOOL block 1 @20 bit 1 size 1 VAR E BOOL block 1 @20 bit 1 size 1 VAR F BOOL block 1 @20 bit 2 size 1\n"
+         "VAR G REAL block 65535 @-1 size -1",
+         {},
+         "1:0-3 used A; 1:4-5 overlap A,B; 1:6-7 overlap A,B,C; 1:8-9 used B,C; 1:10-11 used B; 1:12-19 free; "
+         "1:20-20 overlap D,E,F; 65535:4294967295-8589934589 used G; "},
+    };
+    for (const auto& row : cases) {
+        std::vector<std::string> arguments = {"map", "--json", Export(row.variables)};
+        arguments.insert(arguments.end(), row.options.begin(), row.options.end());
+        std::string rows;
+        for (const auto& run : nlohmann::json::parse(Run(arguments).output)) {
+            EXPECT_EQ(run["bytes"], run["to"].get<long long>() - run["from"].get<long long>() + 1);
+            rows += run["block"].dump() + ":" + run["from"].dump() + "-" + run["to"].dump() + " " +
+                    run["state"].get<std::string>();
+            for (const auto& name : run["symbols"])
+                rows += (&name == &run["symbols"].front() ? " " : ",") + name.get<std::string>();
+            rows += "; ";
+        }
+        EXPECT_EQ(rows, row.rows);
+    }
+}
+
+TEST_F(PlaceTest, DrawsTheMap)
+{
+    const std::string svg = folder.FilePath("map.svg");
+    const std::string plant = Export(std::string(kPlant) + "VAR \"<&>\" INT block 6 @9000 size 2");
+    EXPECT_EQ(Run({"map", "--svg", svg, plant}).status, 0);
+    const std::string picture = folder.ReadFile("map.svg");
+    for (const char* text :
+         {"<path class=\"overlap\" d=\"M506 118h32v16H506z\"><title>5:26-27 overlap MOTOR1 (Motor), HALF "
+          "(DINT)</title>",
+          "<path class=\"block\"", ">⋮ 8,888 bytes free<", " &lt;&amp;&gt; (INT)</title>", "prefers-color-scheme"})
+        EXPECT_NE(picture.find(text), std::string::npos) << text << '\n' << picture;
+}
+
 TEST_F(PlaceTest, FindsEveryServedRowOfTheList)
 {
     const std::string plant = EXAMPLES_DIR "/plant.kds";
