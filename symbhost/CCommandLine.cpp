@@ -50,6 +50,7 @@ CCommandLine::CCommandLine()
     AddBrowse();
     AddList();
     AddWhy();
+    AddDiff();
     AddAt();
     AddMap();
     AddDump();
@@ -59,13 +60,18 @@ CLI::App& CCommandLine::AddCommand(const std::string& name, const std::string& d
 {
     CLI::App* command = app.add_subcommand(name, description);
     command->add_option("EXPORT", loadOptions.exportPath, "Export file (.kds)")->required();
-    command->add_option("--plugin", loadOptions.pluginPath, "Plug-in to load; without it the one beside this program")
-        ->type_name("PATH");
+    AddPlugin(*command);
     if (hasDumpDir)
         command->add_option("--dump-dir", loadOptions.dumpDir, "Existing folder for a dump of the load")
             ->type_name("DIR");
     commands.push_back({command});
     return *command;
+}
+
+void CCommandLine::AddPlugin(CLI::App& command)
+{
+    command.add_option("--plugin", loadOptions.pluginPath, "Plug-in to load; without it the one beside this program")
+        ->type_name("PATH");
 }
 
 CLI::Option* CCommandLine::AddForm(CLI::App& command, OutputForm& form)
@@ -186,6 +192,23 @@ void CCommandLine::AddWhy()
     commands.back().run = [this](auto& loaded, auto& output) { return WhyCommand(loaded, whyOptions, output); };
 }
 
+void CCommandLine::AddDiff()
+{
+    CLI::App& diff = *app.add_subcommand("diff", "Tell what changed for a host between two exports");
+    commands.push_back({&diff});
+    diff.add_option("BEFORE", diffOptions.before, "Export file (.kds)")->required();
+    diff.add_option("AFTER", diffOptions.after, "Export file (.kds)")->required();
+    AddPlugin(diff);
+    diff.add_option("--only", diffOptions.only, "Only these changes, separated by commas")
+        ->type_name("CHANGE,...")
+        ->delimiter(',')
+        ->check(ChangeProblem);
+    diff.add_option("--name", diffOptions.filter.name, "Only names like this: * any text, ? one character, any case")
+        ->type_name("GLOB");
+    AddForm(diff, diffOptions.form);
+    commands.back().runAlone = [this](auto& output) { return DiffCommand(loadOptions, diffOptions, output); };
+}
+
 void CCommandLine::AddAt()
 {
     CLI::App& at = AddCommand("at", "Tell which symbols lie at a place");
@@ -279,6 +302,8 @@ int CCommandLine::RunCommand(const Command& command, const CArguments& arguments
     if (command.check)
         command.check();
     const CProgress progress(output);
+    if (command.runAlone)
+        return command.runAlone(output);
     CLoadedExport loaded(loadOptions);
     if (!loaded.HasVariables())
         Complain(loadOptions.exportPath + " gave no variables; symbhost check tells why");

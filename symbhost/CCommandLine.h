@@ -3,6 +3,7 @@
 #include "symbhost/commands/AtCommand.h"
 #include "symbhost/commands/BrowseCommand.h"
 #include "symbhost/commands/CArguments.h"
+#include "symbhost/commands/DiffCommand.h"
 #include "symbhost/commands/ListCommand.h"
 #include "symbhost/commands/MapCommand.h"
 #include "symbhost/commands/ResolveCommand.h"
@@ -35,10 +36,13 @@ private:
         // Raises CHostError for options that do not fit together, before the export is loaded.
         std::function<void()> check = {};
         std::function<int(CLoadedExport&, COutput&)> run = {};
+        // Instead of `run`: the command loads what it needs itself.
+        std::function<int(COutput&)> runAlone = {};
     };
 
     // The command is the last of `commands`.
     CLI::App& AddCommand(const std::string& name, const std::string& description, bool hasDumpDir = true);
+    void AddPlugin(CLI::App& command);
     static CLI::Option* AddForm(CLI::App& command, OutputForm& form);
     void AddNames(CLI::App& command, NameSource& names);
     void AddInfo();
@@ -47,6 +51,7 @@ private:
     void AddBrowseForm(CLI::App& browse);
     void AddList();
     void AddWhy();
+    void AddDiff();
     void AddAt();
     void AddMap();
     void AddDump();
@@ -63,6 +68,7 @@ private:
     BrowseOptions browseOptions;
     ListOptions listOptions;
     WhyOptions whyOptions;
+    DiffOptions diffOptions;
     AtOptions atOptions;
     MapOptions mapOptions;
     bool infoAsJson = false;
