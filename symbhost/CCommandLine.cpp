@@ -50,6 +50,7 @@ CCommandLine::CCommandLine()
     AddBrowse();
     AddList();
     AddWhy();
+    AddCheck();
     AddDiff();
     AddAt();
     AddMap();
@@ -190,6 +191,13 @@ void CCommandLine::AddWhy()
     AddNames(why, whyOptions.names);
     AddForm(why, whyOptions.form);
     commands.back().run = [this](auto& loaded, auto& output) { return WhyCommand(loaded, whyOptions, output); };
+}
+
+void CCommandLine::AddCheck()
+{
+    CLI::App& check = AddCommand("check", "Find what will not work in the export, or looks wrong");
+    AddForm(check, checkForm);
+    commands.back().runAlone = [this](auto& output) { return CheckCommand(loadOptions, checkForm, output); };
 }
 
 void CCommandLine::AddDiff()

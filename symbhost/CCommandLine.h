@@ -3,6 +3,7 @@
 #include "symbhost/commands/AtCommand.h"
 #include "symbhost/commands/BrowseCommand.h"
 #include "symbhost/commands/CArguments.h"
+#include "symbhost/commands/CheckCommand.h"
 #include "symbhost/commands/DiffCommand.h"
 #include "symbhost/commands/ListCommand.h"
 #include "symbhost/commands/MapCommand.h"
@@ -51,6 +52,7 @@ private:
     void AddBrowseForm(CLI::App& browse);
     void AddList();
     void AddWhy();
+    void AddCheck();
     void AddDiff();
     void AddAt();
     void AddMap();
@@ -68,6 +70,7 @@ private:
     BrowseOptions browseOptions;
     ListOptions listOptions;
     WhyOptions whyOptions;
+    OutputForm checkForm = OutputForm::Table;
     DiffOptions diffOptions;
     AtOptions atOptions;
     MapOptions mapOptions;

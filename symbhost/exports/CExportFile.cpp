@@ -4,6 +4,7 @@
 #include "symbhost/Failure.h"
 #include "symbhost/exports/ElementReading.h"
 #include "symbhost/exports/LoadProblem.h"
+#include "symbhost/exports/RegisteredType.h"
 #include "symbhost/exports/UpperName.h"
 
 #include <algorithm>
@@ -17,10 +18,10 @@ const CElementReader& Reader()
     return reader;
 }
 
-CInterfacePtr<WalkSource> LoadExport(const std::string& path)
+CInterfacePtr<WalkSource> LoadExport(const std::string& path, LoadProblem& problem)
 {
     CInterfacePtr<ImportSource> import;
-    LoadProblem problem = LoadByComponent(path, import);
+    problem = LoadByComponent(path, import);
     CInterfacePtr<WalkSource> walk;
     if (SUCCEEDED(problem.result))
         problem.result = import->QueryInterface(IID_WalkSource, walk.PutVoid());
@@ -61,7 +62,7 @@ std::vector<std::size_t> FindIn(const std::vector<Position>& index, const std::s
 
 } // namespace
 
-CExportFile::CExportFile(const std::string& path) : source(LoadExport(path))
+CExportFile::CExportFile(const std::string& path) : source(LoadExport(path, loadReport))
 {
     CInterfacePtr<WalkElement> dataBlock;
     source->FindElement(CBstr(OLESTR("dataBlock")).Get(), dataBlock.Put());
@@ -124,9 +125,12 @@ const std::vector<ExportType>& CExportFile::Types() const
 const ExportType* CExportFile::FindType(const std::string& name) const
 {
     Types();
-    const auto nameAt = [this](std::size_t position) -> const std::string& { return types[position].name; };
-    if (typeNames.empty())
-        typeNames = IndexOf<NamePosition>(types.size(), nameAt);
-    const std::vector<std::size_t> found = FindIn(typeNames, UpperName(name), nameAt);
-    return found.empty() ? nullptr : &types[found.front()];
+    if (typesByName.empty())
+        for (std::size_t position = 0; position < types.size(); ++position) {
+            const auto [entry, isNew] = typesByName.try_emplace(UpperName(types[position].name), position);
+            if (!isNew && IsRegistered(types[position]))
+                entry->second = position;
+        }
+    const auto found = typesByName.find(UpperName(name));
+    return found == typesByName.end() ? nullptr : &types[found->second];
 }

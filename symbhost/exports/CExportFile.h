@@ -3,9 +3,11 @@
 #include "korvaproservices/KorvaProServices.h"
 #include "platform/mfc/CInterfacePtr.h"
 #include "symbhost/exports/ExportRecords.h"
+#include "symbhost/exports/LoadProblem.h"
 
 #include <cstddef>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 // An export as it stands, read through the project-services component.
@@ -22,6 +24,8 @@ public:
     CExportFile& operator=(const CExportFile&) = delete;
     ~CExportFile();
 
+    // What the component tells about the file, which could be read.
+    const LoadProblem& Report() const { return loadReport; }
     // The elements called dataBlock; the variables are those of the first.
     std::size_t CountDataBlocks() const;
     std::size_t CountVariables() const { return variableCount; }
@@ -33,7 +37,7 @@ public:
 
     // Structures and arrays, then function blocks; each group in the order of the export. Read once, then kept.
     const std::vector<ExportType>& Types() const;
-    // The last type of this name in any case; null when none is declared.
+    // The type of this name in any case, of several the last that a host gets; null when none is declared.
     const ExportType* FindType(const std::string& name) const;
 
 private:
@@ -45,11 +49,12 @@ private:
 
     void ReadTypes(const char* tag, ExportType::Kind kind) const;
 
+    LoadProblem loadReport;
     CInterfacePtr<WalkSource> source;
     CInterfacePtr<WalkList> variables;
     std::size_t variableCount = 0;
     mutable std::vector<NamePosition> names; // by hash, then position; filled at the first search
     mutable std::vector<ExportType> types;
-    mutable std::vector<NamePosition> typeNames;
+    mutable std::unordered_map<std::string, std::size_t> typesByName; // upper-case names
     mutable bool hasTypes = false;
 };

@@ -4,6 +4,7 @@
 #include "platform/mfc/CBstr.h"
 #include "platform/win32/CodePage.h"
 #include "symbhost/Text.h"
+#include "symbhost/exports/UpperName.h"
 
 namespace {
 
@@ -40,6 +41,23 @@ std::string LoadProblem::Text() const
     }
 }
 
+bool LoadProblem::IsNotXml() const
+{
+    // A folder or a pipe is refused with the same result, but not for its text.
+    return result == static_cast<HRESULT>(0x8007000DU) && (!isReported || !fault.empty());
+}
+
+bool LoadProblem::IsEncodingIgnored() const
+{
+    const std::string declared = UpperName(declaredEncoding);
+    if (declared.empty() || usedEncoding.empty() || declared == usedEncoding)
+        return false;
+    const bool isAscii = (declared == "US-ASCII" || declared == "ASCII") && usedEncoding == "UTF-8";
+    const bool isLatin1 = declared == "LATIN1" && usedEncoding == "ISO-8859-1";
+    const bool isByteOrder = (declared == "UTF-16" || declared == "UTF-32") && usedEncoding.starts_with(declared);
+    return !isAscii && !isLatin1 && !isByteOrder;
+}
+
 LoadProblem LoadByComponent(const std::string& path, CInterfacePtr<ImportSource>& component)
 {
     LoadProblem problem;
@@ -53,6 +71,7 @@ LoadProblem LoadByComponent(const std::string& path, CInterfacePtr<ImportSource>
     CInterfacePtr<LoadReport> report;
     if (component->QueryInterface(IID_LoadReport, report.PutVoid()) != S_OK || !report)
         return problem;
+    problem.isReported = true;
     report->GetPosition(&problem.line, &problem.column); // a failure leaves 0
     problem.fault = TextOf(*report.Get(), &LoadReport::GetFault);
     problem.declaredEncoding = TextOf(*report.Get(), &LoadReport::GetDeclaredEncoding);

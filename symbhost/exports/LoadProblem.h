@@ -13,12 +13,17 @@ struct LoadProblem
     HRESULT result = S_OK; // of the load
     LONG line = 0;
     LONG column = 0;
-    std::string fault; // what is not well-formed there
+    bool isReported = false; // whether the component has what follows here
+    std::string fault;       // what is not well-formed there
     std::string declaredEncoding;
     std::string usedEncoding;
 
     // For people; empty when there is no problem.
     std::string Text() const;
+    // Whether the file can be read but is no XML.
+    bool IsNotXml() const;
+    // Whether it was read in another encoding than the declared one.
+    bool IsEncodingIgnored() const;
 };
 
 // Has the component load the file at `path` (ANSI code page). `component` stays null when it cannot be created.
