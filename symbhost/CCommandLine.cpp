@@ -84,14 +84,21 @@ CLI::Option* CCommandLine::AddForm(CLI::App& command, OutputForm& form)
     return csv->excludes(json);
 }
 
+void CCommandLine::AddNameFile(CLI::App& command, NameSource& names)
+{
+    CLI::Option* const file =
+        command.add_option("--from", names.file, "Read names from a file, one a line; - is standard input");
+    file->type_name("FILE");
+    command.add_option("--column", names.column, "The file is a table; the names stand in this column of it")
+        ->type_name("TITLE")
+        ->needs(file);
+}
+
 void CCommandLine::AddNames(CLI::App& command, NameSource& names)
 {
     command.add_option("NAME", names.names,
                        "Symbol such as MOTOR1.SPEED, TAB[3] or W1.5; - reads names from standard input, one a line");
-    command.add_option("--from", names.file, "Read names from a file, one a line; - is standard input")
-        ->type_name("FILE");
-    command.add_option("--column", names.column, "The file is a table; the names stand in this column of it")
-        ->type_name("TITLE");
+    AddNameFile(command, names);
     commands.back().takeRest = [&names](const std::string& name) { names.names.push_back(name); };
     commands.back().check = [&names] {
         if (names.names.empty() && names.file.empty())
@@ -213,6 +220,7 @@ void CCommandLine::AddDiff()
         ->check(ChangeProblem);
     diff.add_option("--name", diffOptions.filter.name, "Only names like this: * any text, ? one character, any case")
         ->type_name("GLOB");
+    AddNameFile(diff, diffOptions.names);
     AddForm(diff, diffOptions.form);
     commands.back().runAlone = [this](auto& output) { return DiffCommand(loadOptions, diffOptions, output); };
 }

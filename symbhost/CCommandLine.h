@@ -45,6 +45,7 @@ private:
     CLI::App& AddCommand(const std::string& name, const std::string& description, bool hasDumpDir = true);
     void AddPlugin(CLI::App& command);
     static CLI::Option* AddForm(CLI::App& command, OutputForm& form);
+    static void AddNameFile(CLI::App& command, NameSource& names);
     void AddNames(CLI::App& command, NameSource& names);
     void AddInfo();
     void AddResolve();

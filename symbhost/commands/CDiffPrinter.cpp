@@ -26,7 +26,8 @@ std::string JsonOf(const Row* row, std::span<const Column> columns)
 
 } // namespace
 
-CDiffPrinter::CDiffPrinter(COutput& target, OutputForm wanted) : output(target), form(wanted)
+CDiffPrinter::CDiffPrinter(COutput& target, OutputForm wanted, const std::vector<Column>& more)
+    : output(target), form(wanted)
 {
     for (const Field<Row>& field : RowFields())
         rowColumns.push_back({field.name, field.title, field.alignRight});
@@ -37,15 +38,17 @@ CDiffPrinter::CDiffPrinter(COutput& target, OutputForm wanted) : output(target),
         for (const char* side : {"before_", "after_"})
             for (const Column& column : rowColumns)
                 columns.push_back({side + column.name, "", false});
+    if (form == OutputForm::Csv)
+        columns.insert(columns.end(), more.begin(), more.end());
     if (form != OutputForm::Table)
         writer = CRecordWriter::Make(form, output, std::move(columns), {});
 }
 
-void CDiffPrinter::Add(const Row* before, const Row* after, unsigned changes)
+void CDiffPrinter::Add(const Row* before, const Row* after, unsigned changes, std::span<const Cell> more)
 {
     ++(!before ? added : !after ? removed : changed);
     if (writer)
-        PrintRecord(before, after, changes);
+        PrintRecord(before, after, changes, more);
     else
         PrintLine(before, after, changes);
 }
@@ -64,7 +67,7 @@ void CDiffPrinter::PrintLine(const Row* before, const Row* after, unsigned chang
     output.Line(Printable(line));
 }
 
-void CDiffPrinter::PrintRecord(const Row* before, const Row* after, unsigned changes)
+void CDiffPrinter::PrintRecord(const Row* before, const Row* after, unsigned changes, std::span<const Cell> more)
 {
     const std::vector<std::string> words = ChangeWords(changes);
     cells = {after ? after->name : before->name, std::span<const std::string>(words)};
@@ -77,6 +80,7 @@ void CDiffPrinter::PrintRecord(const Row* before, const Row* after, unsigned cha
     for (const Row* row : {before, after})
         for (const Cell& cell : CellsOf(row))
             cells.push_back(cell);
+    cells.insert(cells.end(), more.begin(), more.end());
     writer->Add(cells);
 }
 

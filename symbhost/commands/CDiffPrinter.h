@@ -7,10 +7,11 @@
 class CDiffPrinter
 {
 public:
-    CDiffPrinter(COutput& target, OutputForm wanted);
+    // `more` are columns behind ours, for CSV alone.
+    CDiffPrinter(COutput& target, OutputForm wanted, const std::vector<Column>& more);
 
-    // `before` is null for an added symbol, `after` for a removed one.
-    void Add(const Row* before, const Row* after, unsigned changes);
+    // `before` is null for an added symbol, `after` for a removed one; `more` are the cells of the further columns.
+    void Add(const Row* before, const Row* after, unsigned changes, std::span<const Cell> more);
     void Finish();
 
     // Differences so far.
@@ -18,7 +19,7 @@ public:
 
 private:
     void PrintLine(const Row* before, const Row* after, unsigned changes);
-    void PrintRecord(const Row* before, const Row* after, unsigned changes);
+    void PrintRecord(const Row* before, const Row* after, unsigned changes, std::span<const Cell> more);
 
     COutput& output;
     OutputForm form;

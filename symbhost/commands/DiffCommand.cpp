@@ -3,15 +3,60 @@
 #include "symbhost/Failure.h"
 #include "symbhost/Text.h"
 #include "symbhost/commands/CDiffPrinter.h"
+#include "symbhost/commands/NamesAsked.h"
 #include "symbhost/commands/WalkCutNotice.h"
 #include "symbhost/exports/CRowIndex.h"
 #include "symbhost/exports/CWalk.h"
+#include "symbhost/exports/UpperName.h"
+
+#include <iostream>
+#include <unordered_map>
 
 namespace {
 
+// Which symbols are compared, and what a list of names says besides.
+class CWantedSymbols
+{
+public:
+    explicit CWantedSymbols(const DiffOptions& options) : filter(options.filter)
+    {
+        if (filter.name)
+            filter.name = Utf8FromArgument(*filter.name);
+        if (options.names.file.empty())
+            return;
+        CNameList list(options.names, std::cin);
+        columns = ColumnsIn(list);
+        names.emplace();
+        while (std::optional<GivenName> name = list.Next())
+            if (!name->isTooLong)
+                names->insert_or_assign(UpperName(name->name), std::move(*name));
+    }
+
+    bool Accepts(const Row& row) const { return filter.Accepts(row) && (!names || NameOf(row)); }
+    const std::vector<Column>& MoreColumns() const { return columns; }
+    std::vector<Cell> MoreCells(const Row& row) const
+    {
+        std::vector<Cell> cells;
+        if (const GivenName* name = names ? NameOf(row) : nullptr)
+            AppendCellsIn(*name, cells);
+        return cells;
+    }
+
+private:
+    const GivenName* NameOf(const Row& row) const
+    {
+        const auto found = names->find(UpperName(std::string(row.name)));
+        return found == names->end() ? nullptr : &found->second;
+    }
+
+    RowFilter filter;
+    std::optional<std::unordered_map<std::string, GivenName>> names; // by upper-case name; none: all symbols
+    std::vector<Column> columns;
+};
+
 // Hands every wanted symbol of an export, branches too, to `take`.
 template <class Take>
-void ForEachRow(LoadOptions load, const std::string& path, const RowFilter& filter, Take&& take)
+void ForEachRow(LoadOptions load, const std::string& path, const CWantedSymbols& wanted, Take&& take)
 {
     load.exportPath = path;
     CLoadedExport loaded(load);
@@ -20,7 +65,7 @@ void ForEachRow(LoadOptions load, const std::string& path, const RowFilter& filt
     everything.branches = true;
     CWalk walk(project, everything);
     while (walk.Next())
-        if (filter.Accepts(walk.Current()))
+        if (wanted.Accepts(walk.Current()))
             take(walk.Current());
     ComplainOfCut(walk.Cut());
 }
@@ -47,26 +92,24 @@ std::string ChangeProblem(const std::string& word)
 
 int DiffCommand(const LoadOptions& load, const DiffOptions& options, COutput& output)
 {
-    RowFilter filter = options.filter;
-    if (filter.name)
-        filter.name = Utf8FromArgument(*filter.name);
+    const CWantedSymbols symbols(options);
     const unsigned wanted = WantedChanges(options.only);
     // One export at a time is in memory; of the later one the rows are kept.
     CRowStore rows;
-    ForEachRow(load, options.after, filter, [&rows](const Row& row) { rows.Add(row); });
+    ForEachRow(load, options.after, symbols, [&rows](const Row& row) { rows.Add(row); });
     CRowIndex index(rows);
-    CDiffPrinter printer(output, options.form);
-    ForEachRow(load, options.before, filter, [&](const Row& before) {
+    CDiffPrinter printer(output, options.form, symbols.MoreColumns());
+    ForEachRow(load, options.before, symbols, [&](const Row& before) {
         const std::optional<std::size_t> found = index.Find(before.name);
         const Row after = found ? rows.At(*found) : Row();
         const unsigned changes = found ? ChangesBetween(before, after) : unsigned{kRemoved};
         if ((changes & wanted) != 0)
-            printer.Add(&before, found ? &after : nullptr, changes);
+            printer.Add(&before, found ? &after : nullptr, changes, symbols.MoreCells(before));
     });
     for (std::size_t row = 0; row < rows.Count(); ++row)
         if ((wanted & kAdded) != 0 && !index.WasFound(row)) {
             const Row added = rows.At(row);
-            printer.Add(nullptr, &added, kAdded);
+            printer.Add(nullptr, &added, kAdded, symbols.MoreCells(added));
         }
     printer.Finish();
     return printer.Count() == 0 ? kDone : kIncomplete;

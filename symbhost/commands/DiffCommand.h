@@ -1,5 +1,6 @@
 #pragma once
 
+#include "symbhost/commands/CNameList.h"
 #include "symbhost/commands/RowFilter.h"
 #include "symbhost/output/COutput.h"
 #include "symbhost/output/CRecordWriter.h"
@@ -14,6 +15,7 @@ struct DiffOptions
     std::string after;
     std::vector<std::string> only; // words for changes; none: all
     RowFilter filter;              // as on the command line
+    NameSource names;              // of its file, where there is one; the only names to compare
     OutputForm form = OutputForm::Table;
 };
 

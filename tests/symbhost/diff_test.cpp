@@ -46,6 +46,10 @@ TEST_F(DiffTest, TellsEachChange)
          "VAR A INT block 5 @2 size 2 VAR B INT AT %M1 block 5",
          {"--only", "served,unserved"},
          "~ A  address \"%MW1\" -> \"\", not served: no-address\n~ B  address \"\" -> \"%M1\", served\n"},
+        {"VAR A INT block 5 @4 VAR B INT block 5 @4 VAR C INT block 1",
+         "VAR A INT block 5 @6 VAR B INT block 5 @6",
+         {"--from", folder.WriteFile("names", "b\n\nc \nnope\n")},
+         "~ B  5:4 -> 5:6\n- C\n"},
         // Removed and changed in the order of the one, then added in the order of the other.
         {"VAR HORN INT block 5 @2 VAR A INT block 5 @4 VAR GONE Motor block 1",
          "VAR NEW2 INT block 5 @190 VAR A INT block 5 @6 VAR NEW1 Motor block 7",
@@ -79,6 +83,9 @@ TEST_F(DiffTest, PrintsBothRows)
 
     const std::string csv = Diff(before, after, {"--csv", "--name", "a"}).output;
     EXPECT_TRUE(csv.starts_with("name,change,before_name,before_result,before_address,")) << csv;
+    const std::string names = folder.WriteFile("names", "No;Tag\n7;a\n");
+    EXPECT_TRUE(
+        Diff(before, after, {"--csv", "--from", names, "--column", "tag"}).output.ends_with(",no-address,7\r\n"));
     EXPECT_NE(csv.find("\r\nA,retyped+text+unserved,A,0x00000000,%MW1,INT,0x0A590148,EDT,5,2,2,,"), std::string::npos);
 }
 

@@ -115,6 +115,7 @@ TEST_F(PlaceTest, DrawsTheMap)
           "(DINT)</title>",
           "<path class=\"block\"", ">⋮ 8,888 bytes free<", " &lt;&amp;&gt; (INT)</title>", "prefers-color-scheme"})
         EXPECT_NE(picture.find(text), std::string::npos) << text << '\n' << picture;
+    EXPECT_EQ(Run({"map", "--svg", folder.FilePath("none/map.svg"), plant}).status, 2);
 }
 
 TEST_F(PlaceTest, FindsEveryServedRowOfTheList)
