@@ -1,11 +1,11 @@
-# The libraries that the project uses: component_pugixml, CLI11::CLI11, nlohmann_json::nlohmann_json and, for the
-# tests, GTest::gtest, GTest::gmock and GTest::gtest_main.
+# The libraries that the project uses: component_pugixml; for the tools CLI11::CLI11 and nlohmann_json::nlohmann_json;
+# for the tests GTest::gtest, GTest::gmock and GTest::gtest_main.
 #
 # pugixml is built from the distribution's sources in its compact mode, which halves the memory of a load; the
 # installed library is built without it. The others are the installed packages; a cross build takes the header-only
 # ones from the same packages and builds GoogleTest from its sources.
 
-set(SYMBKDS_PUGIXML "${CMAKE_SOURCE_DIR}/.cache/pugixml" CACHE PATH "Source folder of pugixml")
+set(SYMBKDS_PUGIXML "${PROJECT_SOURCE_DIR}/.cache/pugixml" CACHE PATH "Source folder of pugixml")
 if(EXISTS ${SYMBKDS_PUGIXML}/src/pugixml.cpp)
     add_library(component_pugixml OBJECT ${SYMBKDS_PUGIXML}/src/pugixml.cpp)
     target_include_directories(component_pugixml SYSTEM PUBLIC ${SYMBKDS_PUGIXML}/src)
@@ -29,8 +29,10 @@ else()
 endif()
 
 if(NOT CMAKE_CROSSCOMPILING)
-    find_package(CLI11 REQUIRED)
-    find_package(nlohmann_json REQUIRED)
+    if(SYMBKDS_TOOLS)
+        find_package(CLI11 REQUIRED)
+        find_package(nlohmann_json REQUIRED)
+    endif()
     if(SYMBKDS_TESTS)
         find_package(GTest REQUIRED)
     endif()
@@ -45,16 +47,18 @@ function(add_header_library target folder)
     if(NOT EXISTS ${SYMBKDS_HEADERS}/${folder})
         message(FATAL_ERROR "${SYMBKDS_HEADERS}/${folder} is missing; scripts/windows.sh installs it")
     endif()
-    file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/headers)
-    file(CREATE_LINK ${SYMBKDS_HEADERS}/${folder} ${CMAKE_BINARY_DIR}/headers/${folder} SYMBOLIC)
+    file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/headers)
+    file(CREATE_LINK ${SYMBKDS_HEADERS}/${folder} ${PROJECT_BINARY_DIR}/headers/${folder} SYMBOLIC)
     add_library(${target} INTERFACE IMPORTED GLOBAL)
-    target_include_directories(${target} INTERFACE ${CMAKE_BINARY_DIR}/headers)
+    target_include_directories(${target} INTERFACE ${PROJECT_BINARY_DIR}/headers)
 endfunction()
 
-add_header_library(CLI11::CLI11 CLI)
-add_header_library(nlohmann_json::nlohmann_json nlohmann)
+if(SYMBKDS_TOOLS)
+    add_header_library(CLI11::CLI11 CLI)
+    add_header_library(nlohmann_json::nlohmann_json nlohmann)
+endif()
 
 if(SYMBKDS_TESTS)
     set(INSTALL_GTEST OFF)
-    add_subdirectory(${SYMBKDS_GOOGLETEST} ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+    add_subdirectory(${SYMBKDS_GOOGLETEST} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
 endif()

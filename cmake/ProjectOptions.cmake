@@ -1,4 +1,5 @@
-# Compiler options of every target of the project, and where its binaries go.
+# Compiler options of every target of the project, and where its binaries go. Nothing here reaches a project that has
+# this one as a subdirectory.
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -6,24 +7,25 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ${PROJECT_IS_TOP_LEVEL})
 
-# Programs and libraries lie side by side, as on an installed machine, and find one another there.
-set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+# Programs and libraries lie side by side and find one another there.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_BUILD_RPATH "$ORIGIN")
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
 set(SYMBKDS_SANITIZE "" CACHE STRING "Sanitizers to build with: address, thread or nothing")
 
-find_program(CCACHE_PROGRAM ccache)
-if(CCACHE_PROGRAM)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+if(PROJECT_IS_TOP_LEVEL AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
+    find_program(SYMBKDS_CCACHE ccache)
+    if(SYMBKDS_CCACHE)
+        set(CMAKE_CXX_COMPILER_LAUNCHER ${SYMBKDS_CCACHE})
+    endif()
 endif()
 
-add_library(project_options INTERFACE)
-target_include_directories(project_options INTERFACE ${CMAKE_SOURCE_DIR} ${CMAKE_SOURCE_DIR}/symbtables)
-target_compile_options(project_options INTERFACE
+add_library(symbkds_options INTERFACE)
+target_compile_options(symbkds_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wcast-qual -Wformat=2
     -Wnon-virtual-dtor -Woverloaded-virtual -Wundef -Wimplicit-fallthrough
     # g++ 12 sees overlaps inside its own std::string that are none.
@@ -31,10 +33,10 @@ target_compile_options(project_options INTERFACE
     # clang, which builds the fuzzers, also means a nested class's parameter beside an outer field, and a stack's
     # address that is only a number.
     $<$<CXX_COMPILER_ID:Clang>:-Wno-shadow;-Wno-return-stack-address>
-    -Werror)
+    $<$<BOOL:${SYMBKDS_WARNINGS_AS_ERRORS}>:-Werror>)
 
 if(WIN32)
-    target_compile_options(project_options INTERFACE
+    target_compile_options(symbkds_options INTERFACE
         # Interfaces of COM have no destructor at all; those in the system's headers are not declared protected.
         -Wno-non-virtual-dtor
         # GetProcAddress answers with one type of function for all of them.
@@ -44,7 +46,7 @@ if(WIN32)
     include(WindowsRuntime)
 else()
     # Calls between the libraries go straight through the address table.
-    target_compile_options(project_options INTERFACE -fno-plt)
+    target_compile_options(symbkds_options INTERFACE -fno-plt)
 endif()
 
 # Host, plug-in and tests describe one object by interfaces of their own, so the
@@ -62,5 +64,5 @@ endif()
 if(SYMBKDS_FUZZ)
     list(APPEND sanitizer_flags -fsanitize=fuzzer-no-link -fno-sanitize=function)
 endif()
-target_compile_options(project_options INTERFACE ${sanitizer_flags})
-target_link_options(project_options INTERFACE ${sanitizer_flags})
+target_compile_options(symbkds_options INTERFACE ${sanitizer_flags})
+target_link_options(symbkds_options INTERFACE ${sanitizer_flags})

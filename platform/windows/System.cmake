@@ -1,3 +1,3 @@
 # The calls are the system's own; the class library is part of each module.
 set(platform_type STATIC)
-set(platform_libraries ole32 oleaut32 uuid advapi32)
+set(platform_libraries PUBLIC ole32 oleaut32 uuid advapi32)
