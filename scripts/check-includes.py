@@ -65,8 +65,9 @@ def layer_of(path):
 
 def resolve(name, includer):
     for folder in (*INCLUDE_ROOTS, includer.parent):
-        if (folder / name).is_file():
-            return (folder / name).resolve()
+        for file in (folder / name, folder / (name + ".in")):  # or what the build makes the header from
+            if file.is_file():
+                return file.resolve()
     return None
 
 

@@ -11,7 +11,8 @@
 using HMODULE = void*;
 using FARPROC = void (*)();
 
-// Null with GetLastError() ERROR_MOD_NOT_FOUND when the library cannot be loaded.
+// Null with GetLastError() ERROR_MOD_NOT_FOUND when the library cannot be loaded. A bare name is looked for beside the
+// platform library, then where the system looks for libraries.
 PLATFORM_API HMODULE LoadLibraryA(LPCSTR path);
 // Null with GetLastError() ERROR_PROC_NOT_FOUND when the library does not export the name.
 PLATFORM_API FARPROC GetProcAddress(HMODULE library, LPCSTR name);
