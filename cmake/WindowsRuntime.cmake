@@ -1,6 +1,6 @@
 # The runtime of the compiler in libraries of their own: linked into each module instead, an exception of one could
 # not be caught in another.
-set(runtime_files)
+set(symbkds_windows_runtime)
 foreach(name libstdc++-6.dll libgcc_s_dw2-1.dll libwinpthread-1.dll)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
         OUTPUT_VARIABLE file OUTPUT_STRIP_TRAILING_WHITESPACE)
@@ -10,9 +10,9 @@ foreach(name libstdc++-6.dll libgcc_s_dw2-1.dll libwinpthread-1.dll)
     if(NOT EXISTS ${file})
         message(FATAL_ERROR "the compiler's ${name} is missing")
     endif()
-    list(APPEND runtime_files ${file})
+    list(APPEND symbkds_windows_runtime ${file})
 endforeach()
 add_custom_target(windows_runtime ALL
     COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
-    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${runtime_files} ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
+    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${symbkds_windows_runtime} ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
     COMMENT "Copying the compiler's runtime")
