@@ -1,6 +1,6 @@
 #include "platform/windows/InprocServerKey.h"
 
-#include <string>
+#include "platform/windows/Module.h"
 
 namespace {
 
@@ -20,20 +20,6 @@ std::wstring KeyOf(REFCLSID clsid)
     return std::wstring(L"CLSID\\") + text;
 }
 
-// The path of this module; empty when it cannot be had.
-std::wstring ModulePath()
-{
-    HMODULE module = nullptr;
-    if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                            reinterpret_cast<LPCWSTR>(&kInsideThisModule), &module))
-        return {};
-    constexpr DWORD kLongestPath = 32768;
-    std::wstring path(kLongestPath, L'\0');
-    const DWORD length = GetModuleFileNameW(module, path.data(), kLongestPath);
-    path.resize(length < kLongestPath ? length : 0);
-    return path;
-}
-
 // `name` null is the key's default value.
 HRESULT SetText(const std::wstring& key, LPCWSTR name, const std::wstring& text)
 {
@@ -43,13 +29,18 @@ HRESULT SetText(const std::wstring& key, LPCWSTR name, const std::wstring& text)
 
 } // namespace
 
+std::wstring InprocServerKey(REFCLSID clsid)
+{
+    return KeyOf(clsid) + L"\\InprocServer32";
+}
+
 HRESULT RegisterInprocServer(REFCLSID clsid, LPCWSTR description)
 {
-    const std::wstring path = ModulePath();
+    const std::wstring path = ModulePath(&kInsideThisModule);
     if (path.empty())
         return E_UNEXPECTED;
     const std::wstring key = KeyOf(clsid);
-    const std::wstring server = key + L"\\InprocServer32";
+    const std::wstring server = InprocServerKey(clsid);
     HRESULT result = SetText(key, nullptr, description);
     if (SUCCEEDED(result))
         result = SetText(server, nullptr, path);

@@ -3,6 +3,11 @@
 
 #include "platform/com/Unknown.h"
 
+#include <string>
+
+// The key that names the server of a class, below HKEY_CLASSES_ROOT.
+std::wstring InprocServerKey(REFCLSID clsid);
+
 // Enters the library that this code is part of as the in-process server of
 // `clsid`, usable from every kind of thread, under HKEY_CLASSES_ROOT\CLSID. An
 // entry that could not be completed is removed again. The result is that of the
