@@ -8,6 +8,7 @@
 #include "symbhost/commands/InfoCommand.h"
 #include "symbhost/exports/CSymbolPath.h"
 #include "symbhost/output/CTreeView.h"
+#include "symbhost/plugin/Installation.h"
 
 #include <CLI/Validators.hpp>
 
@@ -42,7 +43,7 @@ CCommandLine::CCommandLine()
           "some are not served.",
           "symbhost")
 {
-    app.set_version_flag("--version", "symbhost " SYMBHOST_VERSION);
+    app.set_version_flag("--version", VersionText, "Print the version, and the files that would be loaded");
     app.require_subcommand(1);
     app.footer(kFooter);
     AddInfo();
@@ -71,7 +72,7 @@ CLI::App& CCommandLine::AddCommand(const std::string& name, const std::string& d
 
 void CCommandLine::AddPlugin(CLI::App& command)
 {
-    command.add_option("--plugin", loadOptions.pluginPath, "Plug-in to load; without it the one beside this program")
+    command.add_option("--plugin", loadOptions.pluginPath, "Plug-in to load; without it the installed one")
         ->type_name("PATH");
 }
 

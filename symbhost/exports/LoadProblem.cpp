@@ -5,6 +5,7 @@
 #include "platform/win32/CodePage.h"
 #include "symbhost/Text.h"
 #include "symbhost/exports/UpperName.h"
+#include "symbhost/plugin/Installation.h"
 
 namespace {
 
@@ -21,6 +22,8 @@ std::string LoadProblem::Text() const
 {
     if (SUCCEEDED(result))
         return {};
+    if (!hasComponent)
+        return NoComponentText(result);
     switch (static_cast<DWORD>(result)) {
     case 0x80070002: // ERROR_FILE_NOT_FOUND
     case 0x80070003: // ERROR_PATH_NOT_FOUND
@@ -63,6 +66,7 @@ LoadProblem LoadByComponent(const std::string& path, CInterfacePtr<ImportSource>
     LoadProblem problem;
     problem.result =
         CoCreateInstance(CLSID_KorvaProServices, nullptr, CLSCTX_INPROC_SERVER, IID_ImportSource, component.PutVoid());
+    problem.hasComponent = static_cast<bool>(component);
     if (!component)
         return problem;
     problem.result = component->InitImportWithoutDlg(CBstr::FromNarrow(path.c_str(), CP_THREAD_ACP).Get());

@@ -13,8 +13,9 @@ struct LoadProblem
     HRESULT result = S_OK; // of the load
     LONG line = 0;
     LONG column = 0;
-    bool isReported = false; // whether the component has what follows here
-    std::string fault;       // what is not well-formed there
+    bool hasComponent = false; // whether the component could be created at all
+    bool isReported = false;   // whether the component has what follows here
+    std::string fault;         // what is not well-formed there
     std::string declaredEncoding;
     std::string usedEncoding;
 

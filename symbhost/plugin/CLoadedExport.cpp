@@ -1,24 +1,11 @@
 #include "symbhost/plugin/CLoadedExport.h"
 
-#include "platform/com/ClassObject.h"
 #include "platform/mfc/CHeldInterrupts.h"
 #include "platform/win32/Clock.h"
 #include "symbhost/Failure.h"
-#include "symbhost/Text.h"
 #include "symbhost/exports/LoadProblem.h"
 #include "symbhost/plugin/CDump.h"
 #include "symbhost/plugin/HostMemory.h"
-
-CComApartment::CComApartment()
-{
-    if (const HRESULT result = CoInitializeEx(nullptr, COINIT_MULTITHREADED); FAILED(result))
-        throw CHostError("COM cannot be initialised: " + ResultText(result));
-}
-
-CComApartment::~CComApartment()
-{
-    CoUninitialize();
-}
 
 CLoadedExport::CLoadedExport(const LoadOptions& options)
     : path(options.exportPath), plugin(options.pluginPath), table(plugin.NewSymbolTable())

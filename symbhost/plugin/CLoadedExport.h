@@ -1,5 +1,6 @@
 #pragma once
 
+#include "symbhost/plugin/CComApartment.h"
 #include "symbhost/plugin/CConsoleSink.h"
 #include "symbhost/plugin/CPlugin.h"
 
@@ -11,19 +12,8 @@
 struct LoadOptions
 {
     std::string exportPath;             // ANSI code page
-    std::string pluginPath;             // empty: the plug-in beside this program
+    std::string pluginPath;             // empty: the installed one
     std::optional<std::string> dumpDir; // none: no dump
-};
-
-// COM on this thread, for as long as the object lives.
-class CComApartment
-{
-public:
-    // Raises CHostError.
-    CComApartment();
-    CComApartment(const CComApartment&) = delete;
-    CComApartment& operator=(const CComApartment&) = delete;
-    ~CComApartment();
 };
 
 // An export, loaded by the plug-in, with all that a host keeps for it.

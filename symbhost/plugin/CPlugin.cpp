@@ -3,34 +3,30 @@
 #include "platform/win32/File.h"
 #include "symbhost/Failure.h"
 #include "symbhost/Text.h"
+#include "symbhost/plugin/Installation.h"
 
-#include <vector>
+#include <filesystem>
+#include <system_error>
 
 namespace {
-
-constexpr char kPluginFile[] = SHARED_LIBRARY_NAME("symbkds");
-
-std::string ProgramPath()
-{
-    constexpr std::size_t kLongestPath = 65536;
-    for (std::vector<char> path(1024); path.size() <= kLongestPath; path.resize(path.size() * 2)) {
-        const DWORD length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size())
-            return std::string(path.data(), length);
-    }
-    return {};
-}
 
 // A bare file name would be searched for along the system's library path; the
 // user means the one in the current folder.
 std::string LibraryPath(const std::string& given)
 {
-    if (given.empty()) {
-        const std::string program = ProgramPath();
-        return program.substr(0, program.rfind(kPathSeparator) + 1) + kPluginFile;
-    }
+    if (given.empty())
+        return InstalledPlugin();
     const bool isBare = given.find('/') == std::string::npos && given.find(kPathSeparator) == std::string::npos;
     return isBare ? std::string(".") + kPathSeparator + given : given;
+}
+
+std::string WhyNotLoaded(const std::string& path, DWORD error)
+{
+    std::error_code ignored;
+    if (!std::filesystem::exists(path, ignored))
+        return "there is no such file";
+    return "it is no library that this program can load, or one that it needs is missing (error " +
+           std::to_string(error) + ")";
 }
 
 } // namespace
@@ -38,7 +34,7 @@ std::string LibraryPath(const std::string& given)
 CPlugin::CPlugin(const std::string& given) : path(LibraryPath(given)), library(LoadLibraryA(path.c_str()))
 {
     if (!library)
-        throw CHostError("the plug-in " + path + " cannot be loaded (error " + std::to_string(GetLastError()) + ")");
+        throw CHostError("the plug-in " + path + " cannot be loaded: " + WhyNotLoaded(path, GetLastError()));
     newSymb = reinterpret_cast<NewSymbFunction>(Export(kNewSymbExport));
     deleteSymb = reinterpret_cast<DeleteSymbFunction>(Export(kDeleteSymbExport));
     getSymbType = reinterpret_cast<GetSymbTypeFunction>(Export(kGetSymbTypeExport));

@@ -19,7 +19,7 @@ using SymbHolder = std::unique_ptr<CSymb, CSymbDeleter>;
 class CPlugin
 {
 public:
-    // Loads the library at `path`; empty: the one beside this program. Raises
+    // Loads the library at `path`; empty: the one of this installation. Raises
     // CHostError when it cannot be loaded or is no symbol-table plug-in.
     explicit CPlugin(const std::string& path);
 

@@ -51,8 +51,8 @@ TEST_F(ExitStatusTest, TellsWhatWentWrong)
         {{"info", folder.Path()}, 2, "cannot be loaded: it is no file, or no well-formed XML"},
         {{"info", broken}, 2, "cannot be loaded: it is no"},
         {{"info", "\x1b[31m"}, 2, "the export \\x1b[31m cannot be loaded: there is no such file"},
-        {{"info", plant, "--plugin", folder.FilePath("none.so")}, 2, "cannot be loaded (error 126)"},
-        {{"info", plant, "--plugin", plant}, 2, "cannot be loaded (error 126)"},
+        {{"info", plant, "--plugin", folder.FilePath("none.so")}, 2, "cannot be loaded: there is no such file"},
+        {{"info", plant, "--plugin", plant}, 2, "cannot be loaded: it is no library"},
         {{"info", plant, "--plugin", library}, 2, "does not export"},
     };
     for (const auto& row : cases) {

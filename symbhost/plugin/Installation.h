@@ -1,0 +1,16 @@
+// What this program finds of its installation: the plug-in, and the component that the plug-in creates.
+#pragma once
+
+#include "platform/win32/Types.h"
+
+#include <string>
+
+// The plug-in that is loaded when none is named: the one beside this program, else the one in the installation's folder
+// for libraries. Raises CHostError when it lies in neither.
+std::string InstalledPlugin();
+
+// That the component cannot be created, with the result of CoCreateInstance, and where it was looked for.
+std::string NoComponentText(HRESULT result);
+
+// The versions and files of program, plug-in and component, a line each; what is missing is told instead.
+std::string VersionText();
