@@ -6,6 +6,9 @@ set(documents ${CMAKE_INSTALL_DOCDIR})
 if(SYMBKDS_TOOLS)
     install(TARGETS symbhost RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
 endif()
+if(TARGET symbhost_manual)
+    install(FILES ${PROJECT_BINARY_DIR}/man/symbhost.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT runtime)
+endif()
 install(FILES docs/export-file.md DESTINATION ${documents} COMPONENT runtime)
 install(FILES examples/plant.kds DESTINATION ${documents}/examples COMPONENT runtime)
 include(Licences)
@@ -29,6 +32,8 @@ install(TARGETS KorvaProServices LIBRARY DESTINATION ${symbkds_library_folder}/c
 set_target_properties(symbkds symbkds_platform PROPERTIES INSTALL_RPATH "$ORIGIN")
 set_target_properties(KorvaProServices PROPERTIES INSTALL_RPATH "$ORIGIN/..")
 if(SYMBKDS_TOOLS)
+    install(FILES symbhost/completion.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+        RENAME symbhost COMPONENT runtime)
     set_target_properties(symbhost PROPERTIES INSTALL_RPATH "$ORIGIN/${symbkds_way_to_libraries}")
 endif()
 
