@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs from Debian's packages what is missing to build and check the project.
 #
-#   scripts/bootstrap.sh [group...]      groups: build, check, fuzz, windows, wine, bench; without any: the first three
+#   scripts/bootstrap.sh [group...]      groups: build, check, fuzz, package, windows, wine, bench; without any: the first three
 #
 # Does nothing, and needs no rights, when everything is there. Otherwise it must
 # run as root on a Debian or a system like it. The group "build" also fetches
@@ -29,6 +29,9 @@ check clang-format       command:clang-format
 check clang-tidy         command:run-clang-tidy
 fuzz clang               command:clang++
 fuzz libclang-rt-14-dev  fuzzer:
+package dpkg-dev         command:dpkg-shlibdeps
+package help2man         command:help2man
+package pkg-config       command:pkg-config
 windows g++-mingw-w64-i686-posix command:i686-w64-mingw32-g++-posix
 windows googletest       file:/usr/src/googletest/CMakeLists.txt
 windows python3          command:python3

@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# Makes packages of the release build in build/packages/: two .deb (what runs,
+# what a host is built with), a .tar.gz, and a .zip for 32-bit Windows where the
+# cross build stands (scripts/windows.sh build).
+#
+#   scripts/package.sh [linux]      linux: without the .zip
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+bash scripts/bootstrap.sh build package
+mkdir -p build/logs
+rm -rf build/packages
+mkdir build/packages
+
+# package PRESET TARGET...: builds the targets and packs what is to be installed.
+package() {
+    local preset=$1 log=build/logs/package-$1.log
+    shift
+    if ! { cmake --preset "$preset" && cmake --build --preset "$preset" --parallel "$(nproc)" --target "$@" &&
+        cpack --config "build/$preset/CPackConfig.cmake" -B "$PWD/build/$preset/packages"; } >"$log" 2>&1; then
+        tail -n 30 "$log" >&2
+        echo "package: the packages of $preset could not be made; all of the output is in $log" >&2
+        exit 1
+    fi
+    if grep 'The licence of' "$log" >&2; then
+        echo "package: a package must hold the licences of what is linked in" >&2
+        exit 1
+    fi
+    find "build/$preset/packages" -maxdepth 1 -type f -exec mv -t build/packages {} +
+    rm -rf "build/$preset/packages"
+}
+
+package release symbkds symbhost symbhost_manual
+if [[ ${1:-} == linux ]]; then
+    :
+elif [[ -e build/windows-x86/CMakeCache.txt ]]; then
+    package windows-x86 symbkds KorvaProServices symbhost windows_runtime
+else
+    echo "package: no .zip for Windows: scripts/windows.sh build makes the cross build that it takes"
+fi
+ls -1 build/packages/*
