@@ -84,6 +84,27 @@ run_tests() {
     fi
 }
 
+# run_script SCRIPT: a script that counts its tests in its last line.
+run_script() {
+    local name log start=$SECONDS status=0
+    name=$(basename "$1" .sh)
+    log=build/logs/$name.log
+    bash "$1" >"$log" 2>&1 || status=$?
+    if [[ $(tail -n 1 "$log") =~ ([0-9]+)\ passed,\ ([0-9]+)\ failed$ ]] && ((status == 0 || BASH_REMATCH[2] > 0)); then
+        passed=$((passed + BASH_REMATCH[1]))
+        failed=$((failed + BASH_REMATCH[2]))
+    else
+        status=1
+        failed=$((failed + 1))
+    fi
+    if ((status == 0)); then
+        echo "ok      $name: ${BASH_REMATCH[1]} passed ($((SECONDS - start)) s)"
+    else
+        echo "FAILED  $name ($((SECONDS - start)) s), from $log:"
+        tail -n 60 "$log" | sed 's/^/    /'
+    fi
+}
+
 # The project's own sources; the tests are held to the compiler's warnings alone, some of which clang does not know.
 check_tidy() {
     run-clang-tidy -quiet -j "$jobs" -p build/release -extra-arg=-Wno-unknown-warning-option \
@@ -107,6 +128,7 @@ if step "release build" build release symbkds symbhost; then
     run_tests release --tests-regex ExportTable
     step "clang-tidy" check_tidy || true
 fi
+run_script scripts/test-install.sh
 
 # The inputs kept for the fuzzers, and a minute of random ones for each.
 step "fuzzers" bash scripts/fuzz.sh 60 || true
