@@ -27,9 +27,9 @@ inline HANDLE const INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(static_cast<
 
 // Opens a file: GENERIC_READ with OPEN_EXISTING, or GENERIC_WRITE with
 // CREATE_ALWAYS (created, or emptied when it exists; pipes and sockets are not
-// opened to be written). Opening never waits, not even on a named pipe. With `shareMode` 0 a file that another handle of this
-// layer has open is refused with ERROR_SHARING_VIOLATION. `security` and
-// `templateFile` must be null, `attributes` FILE_ATTRIBUTE_NORMAL.
+// opened to be written). Opening never waits, not even on a named pipe. With `shareMode` 0 a file that another handle
+// of this layer has open is refused with ERROR_SHARING_VIOLATION. `security` and `templateFile` must be null,
+// `attributes` FILE_ATTRIBUTE_NORMAL.
 PLATFORM_API HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD shareMode, void* security, DWORD disposition,
                                 DWORD attributes, HANDLE templateFile);
 PLATFORM_API HANDLE CreateFileW(LPCWSTR path, DWORD access, DWORD shareMode, void* security, DWORD disposition,
