@@ -32,6 +32,11 @@ constexpr Target kTargets[] = {
     {"root in pages of 100 beside unpaged, 100,000", "RootListing/100000 paged_ratio", nullptr, 1.2},
     {"array in pages of 100 beside unpaged, 100,000", "ArrayListing/100000 paged_ratio", nullptr, 1.2},
     {"members in pages of 100 beside unpaged, 40,000", "MemberListing/40000 paged_ratio", nullptr, 10.0},
+    {"symbhost list beside 2.5 loads and 2 lookups a row, 100,000", "Tool/100000 list_ratio", nullptr, 1.0},
+    {"symbhost check beside that and a load, 100,000", "Tool/100000 check_ratio", nullptr, 1.0},
+    {"symbhost diff beside two listings with branches, 100,000", "Tool/100000 diff_ratio", nullptr, 1.3},
+    {"the first row of a listing beside the whole listing, 100,000", "Tool/100000 first_ratio", nullptr, 0.6},
+    {"memory that diff keeps, bytes a row, 100,000", "Tool/100000 row_bytes", nullptr, 200},
 };
 
 } // namespace
