@@ -109,7 +109,7 @@ bool Print(const CRowStore& rows, const Asked& asked, CRecordPrinter<Row>& print
 {
     std::vector<std::pair<std::uint64_t, std::size_t>> found; // by size, then in listing order
     for (std::size_t index = 0; index < rows.Count(); ++index)
-        if (const std::optional<Place> place = PlaceOf(rows.At(index)); asked.places.Touches(*place))
+        if (const std::optional<Place> place = PlaceOf(rows.FactsAt(index)); asked.places.Touches(*place))
             found.emplace_back(place->Bits(), index);
     std::ranges::sort(found);
     for (const auto& [size, index] : found)

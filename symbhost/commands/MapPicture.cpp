@@ -55,12 +55,12 @@ PictureBox BoxOf(const MemoryRun& run, const CRowStore& variables, const CExport
     if (run.variables.empty())
         return box;
     // The smallest of several is the one that the others hold.
-    const auto bits = [&variables](std::size_t number) { return PlaceOf(variables.At(number))->Bits(); };
+    const auto bits = [&variables](std::size_t number) { return PlaceOf(variables.FactsAt(number))->Bits(); };
     const Row inner = variables.At(*std::ranges::min_element(run.variables, {}, bits));
     box.colour = run.state == MemoryRun::State::Overlap ? BoxColour::Overlap : ColourOf(inner, file);
-    for (const std::size_t number : run.variables)
-        if (box.label.size() < kLongestLabel)
-            box.label += (box.label.empty() ? "" : ", ") + std::string(variables.At(number).name);
+    for (auto number = run.variables.begin(); number != run.variables.end() && box.label.size() < kLongestLabel;
+         ++number)
+        box.label += (box.label.empty() ? "" : ", ") + std::string(variables.At(*number).name);
     return box;
 }
 

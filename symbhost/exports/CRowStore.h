@@ -19,6 +19,7 @@ public:
     std::size_t Count() const { return rows.size(); }
     // Its texts live as long as the store.
     Row At(std::size_t index) const;
+    const RowFacts& FactsAt(std::size_t index) const { return rows[index].facts; }
 
 private:
     // Null-terminated, in one of the blocks.
