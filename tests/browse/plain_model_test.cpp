@@ -1,223 +1,21 @@
-// Generated projects, every listing of which is written out by code too simple to be wrong.
+// Generated projects, about which every request is answered by code too simple to be wrong. What is answered depends on
+// the requests before: they leave type names in upper case and classify members anew.
 #include "browse/BrowseFixture.h"
-#include "browse/GeneratedProject.h"
+#include "support/InProcessTable.h"
+#include "support/PlainModel.h"
+#include "symbkds/model/CSymbXMLDDTMember.h"
+#include "symbkds/model/CSymbXMLDDTStructDef.h"
+#include "symbkds/model/CSymbXMLDFBDef.h"
 
-#include <algorithm>
 #include <iterator>
-#include <utility>
 
 namespace {
 
 constexpr unsigned kProjects = 2000;
-constexpr std::size_t kBranchesEach = 4; // besides the root
-constexpr std::size_t kRequestsEach = 3; // of a branch, drawn with repetition
-constexpr int kMostSteps = 16;           // of a path
+constexpr std::size_t kPlacesEach = 80;
+constexpr std::size_t kRequestsEach = 60;
 
-// What a path leads to.
-struct Branch
-{
-    std::string path, prefix;
-    const Type* type; // null: a path that no listing accepts
-    const Item* root;
-    std::uint32_t block, offset, size;
-    int steps = 1;
-};
-
-struct Entry
-{
-    std::string text, id; // the identifier without that of the parent
-    bool branch;
-};
-using Listing = std::vector<Entry>;
-
-// The type of what an array holds in the end.
-const Type& Innermost(const Type& type)
-{
-    return type.kind == Type::kArray ? Innermost(*type.element) : type;
-}
-
-VARTYPE VarTypeOf(const Type& type, bool member)
-{
-    if (type.kind == Type::kElementary)
-        return type.varType;
-    const Type& inner = Innermost(type);
-    if (type.kind != Type::kArray || inner.kind != Type::kElementary)
-        return member ? 0 : 0x2011;
-    return member ? inner.arrayOfMembers : inner.arrayOfVariables;
-}
-
-bool Accepts(const HostBrowse& request, VARTYPE varType)
-{
-    return request.varType == 0 || request.varType == varType;
-}
-
-bool Accepts(const HostBrowse& request, const std::string& name)
-{
-    const std::string pattern = request.pattern;
-    const std::string start = pattern.substr(0, pattern.find('*'));
-    return name.substr(0, start.size()) == start;
-}
-
-bool AsksForUnlocated(const HostBrowse& request)
-{
-    return std::string(request.filter).find("%UL") != std::string::npos;
-}
-
-// Both memory areas are empty and begin at byte 0 of block 0.
-std::string AreaAddress(std::uint32_t block, std::uint32_t offset, int bit, std::uint32_t size, bool isBool)
-{
-    if (block % 65536 != 0 || offset != 0)
-        return "";
-    if (bit != 255)
-        return "%MW0." + std::to_string(bit);
-    return size == 1 && isBool ? "%MW0.0" : size == 2 ? "%MW0" : size == 4 ? "%MD0" : "";
-}
-
-std::string Place(const std::string& typeName, std::uint32_t block, std::uint32_t offset)
-{
-    return "U-" + typeName + " (B:" + std::to_string(block) + " - O:" + std::to_string(offset) + ") ";
-}
-
-std::string Fields(const HostBrowse& request, const std::string& address, const std::string& comment)
-{
-    std::string fields;
-    for (const char code : request.fields)
-        fields += '|' + (code == 'A' ? address : code == 'C' ? comment : "");
-    return fields;
-}
-
-// As texts: what has an address and, of single values, what a plain name serves.
-Listing Variables(const CGeneratedProject& project, const HostBrowse& request, bool asTexts)
-{
-    Listing listing;
-    for (const Item& variable : project.variables) {
-        const Type& type = *variable.type;
-        const bool branch = type.kind != Type::kElementary;
-        const bool isPlain = type.plain && !(project.uintBlock && type.name == "UINT");
-        const bool located = asTexts ? variable.address.find('%') != std::string::npos : !variable.address.empty();
-        bool wanted = branch ? request.branches && !asTexts : request.leaves && (isPlain || !asTexts);
-        if (request.branchesOnly)
-            wanted = branch;
-        if (!wanted || (AsksForUnlocated(request) && located) || !Accepts(request, VarTypeOf(type, false)) ||
-            !Accepts(request, variable.name))
-            continue;
-        std::string address = variable.address;
-        if (address.empty())
-            address = AreaAddress(variable.block, variable.offset, variable.bit, variable.size, type.name == "BOOL");
-        if (!asTexts)
-            listing.push_back({variable.name, "!" + variable.name, branch});
-        else if (!address.empty())
-            listing.push_back({variable.name + Fields(request, address, variable.comment), "", branch});
-    }
-    return listing;
-}
-
-Listing Members(const Branch& branch, const HostBrowse& request)
-{
-    const bool block = branch.type->kind == Type::kBlock;
-    Listing listing;
-    for (const Item& member : branch.type->members) {
-        if (member.hidden || member.removed || !Accepts(request, member.name))
-            continue;
-        const Type& type = *member.type;
-        const bool leaf = type.kind == Type::kElementary;
-        const bool typeMatches = Accepts(request, VarTypeOf(type, true));
-        bool wanted = block || typeMatches;
-        if (request.branchesOnly || (request.branches && !request.leaves))
-            wanted = type.IsDerived();
-        else if (request.leaves && !request.branches)
-            wanted = leaf && typeMatches;
-        if (!wanted)
-            continue;
-        const std::uint32_t inBlock = branch.block + member.block;
-        const std::uint32_t offset = branch.offset + member.offset;
-        const std::string address = AreaAddress(inBlock, offset, 255, member.size, type.name == "BOOL");
-        const std::string place = Place(InCase(true, type.name), inBlock, offset);
-        const std::string entry =
-            member.name + Fields(request, block && !address.empty() ? address : place + address, member.comment);
-        listing.push_back({entry, "." + entry, !leaf});
-    }
-    return listing;
-}
-
-Listing ArrayElements(const Branch& branch, const HostBrowse& request)
-{
-    const Type& element = *branch.type->element;
-    const bool leaf = element.kind == Type::kElementary;
-    const bool asBranches = (request.branchesOnly || request.branches) && element.IsDerived();
-    const bool asLeaves =
-        request.leaves && !element.IsDerived() && Accepts(request, leaf ? element.varType : VARTYPE{0});
-    Listing listing;
-    if (!asBranches && !asLeaves)
-        return listing;
-    for (int i = branch.type->lower; i <= branch.type->upper; ++i) {
-        const std::string index = "[" + std::to_string(i) + "]";
-        if (!Accepts(request, branch.prefix + index))
-            continue;
-        const std::uint32_t size = branch.size / branch.type->Count();
-        const std::uint32_t offset = branch.offset + static_cast<std::uint32_t>(i - branch.type->lower) * size;
-        const std::string typeName = element.IsDerived() ? element.name : InCase(true, element.name);
-        const std::string address = Place(typeName, branch.block, offset) +
-                                    AreaAddress(branch.block, offset, 255, size, element.name == "BOOL");
-        const std::string entry = index + Fields(request, address, "");
-        listing.push_back({branch.prefix + entry, entry, !leaf});
-    }
-    return listing;
-}
-
-Listing Below(const Branch& branch, const HostBrowse& request)
-{
-    if (AsksForUnlocated(request) && branch.root->address.find('%') != std::string::npos)
-        return {};
-    return branch.type->kind == Type::kArray ? ArrayElements(branch, request) : Members(branch, request);
-}
-
-std::vector<Branch> Children(const Branch& parent)
-{
-    std::vector<Branch> children;
-    for (const Item& member : parent.type->members) {
-        // Of names that differ in case alone a path finds the last, even where an import took that one out.
-        const Item& found =
-            *std::find_if(parent.type->members.rbegin(), parent.type->members.rend(),
-                          [&](const Item& other) { return InCase(true, other.name) == InCase(true, member.name); });
-        children.push_back({parent.path + "." + member.name, member.name,
-                            found.type->IsDerived() && !found.removed ? found.type : nullptr, parent.root,
-                            (parent.block + found.block) % 65536, parent.offset + found.offset, found.size});
-    }
-    if (parent.type->kind != Type::kArray || parent.type->Count() == 0)
-        return children;
-    const std::uint32_t size = parent.size / parent.type->Count();
-    const Type* element = parent.type->element->IsDerived() ? parent.type->element : nullptr;
-    for (std::uint32_t i = 0; i < parent.type->Count(); ++i) {
-        const std::string index = "[" + std::to_string(parent.type->lower + static_cast<int>(i)) + "]";
-        children.push_back({parent.path + index, parent.prefix + index, element, parent.root, parent.block,
-                            parent.offset + i * size, size});
-    }
-    return children;
-}
-
-// Every path of the first levels, those that lead nowhere too, until there are enough.
-std::vector<Branch> Branches(const CGeneratedProject& project, std::size_t enough)
-{
-    std::vector<Branch> branches;
-    for (const Item& variable : project.variables) {
-        const Type* valueType = variable.type->name == "UINT" ? project.uintBlock : nullptr; // found by its name
-        branches.push_back({variable.name, variable.name, variable.type->IsDerived() ? variable.type : valueType,
-                            &variable, variable.block, variable.offset, variable.size});
-    }
-    for (std::size_t i = 0; i < branches.size() && branches.size() < enough; ++i) {
-        if (!branches[i].type)
-            continue;
-        for (Branch& child : Children(branches[i])) {
-            child.steps = branches[i].steps + 1;
-            child.type = child.steps <= kMostSteps ? child.type : nullptr;
-            branches.push_back(child);
-        }
-    }
-    return branches;
-}
-
-// One request after the other, until every combination of what can be asked for has had its turn.
+// One listing after the other, until every combination of what can be asked for has had its turn.
 class CRequests
 {
 public:
@@ -261,62 +59,146 @@ std::string Show(const HostBrowse& request)
            (request.leaves ? ", leaves" : "") + (request.branches ? ", branches" : "");
 }
 
-// Fails unless the library lists what the model does; counts the entries.
-void Compare(const CHostTable& table, const HostBrowse& request, const Listing& texts, const Listing& elements,
-             std::size_t& compared)
+std::string Joined(const Listing& texts)
 {
-    std::string joinedTexts;
+    std::string joined;
     for (const Entry& entry : texts)
-        joinedTexts += (joinedTexts.empty() ? "" : ", ") + entry.text;
-    ASSERT_EQ(table.Browse(request), joinedTexts) << Show(request);
+        joined += (joined.empty() ? "" : ", ") + entry.text;
+    return joined;
+}
+
+std::vector<std::string> Shown(const Listing& elements, const HostBrowse& request)
+{
     std::vector<std::string> shown;
     for (const Entry& entry : elements)
         shown.push_back(entry.text + "=" + (request.parentId ? "P" : "") + entry.id + (entry.branch ? " >" : ""));
-    ASSERT_NO_FATAL_FAILURE(ExpectPages(table, request, shown)) << Show(request);
-    compared += texts.size() + elements.size();
+    return shown;
 }
 
-// Shows every type name in upper case from here on; what the first listing shows has tests of its own.
-void ListOnce(const CHostTable& table, const std::vector<Branch>& branches)
+// A project in a symbol table of this program, with what no export brings about: areas and indirection kinds.
+class CModelledProject
 {
-    for (const Branch& branch : branches) {
-        const std::string result = table.Browse({.path = branch.path.c_str()});
-        ASSERT_EQ(result == "E_INVALIDARG", branch.type == nullptr) << branch.path;
-        if (!branch.type) {
-            ASSERT_EQ(table.BrowsePage({.path = branch.path.c_str()}, 0).Text(), result) << branch.path;
+public:
+    CModelledProject(unsigned seed, CRequests& allRequests) : project(seed), requests(allRequests)
+    {
+        EXPECT_EQ(symbols.table.Load(WriteExport(folder, project.text)), 0);
+        for (const auto& [area, described] :
+             {std::pair(&symbols.WordArea(), &model.words), {&symbols.BitArea(), &model.bits}})
+            if (project.Draw(2)) {
+                *described = {project.Any<std::uint32_t>({3, 30, 1000}), project.Draw(3), 5 * project.Draw(2),
+                              project.Draw(3) * 20};
+                *area = {described->count, static_cast<std::uint16_t>(described->firstIndex),
+                         static_cast<std::uint16_t>(described->block), described->base};
+            }
+        for (const Type* type : project.named)
+            if (type->kind != Type::kArray)
+                SetIndirections(*type);
+        places = model.Places(kPlacesEach);
+    }
+
+    void CheckRequests()
+    {
+        for (std::size_t i = 0; i < kRequestsEach && !testing::Test::HasFatalFailure(); ++i) {
+            const Place& place = places[project.Draw(places.size())];
+            const std::string path = project.Draw(3) ? place.path : InCase(project.Draw(2), place.path);
+            switch (project.Draw(5)) {
+            case 0:
+                CheckRoot();
+                break;
+            case 1:
+            case 2:
+                CheckLookup(place, path);
+                break;
+            default:
+                CheckListing(place, path);
+            }
         }
     }
-}
 
-TEST(BrowseModel, AgreesOnEveryListing)
+    CGeneratedProject project;
+    std::size_t compared = 0;
+
+private:
+    void SetIndirections(const Type& type)
+    {
+        CSymbXMLDDTDef* const definition = symbols.Definition(type.name.c_str());
+        ASSERT_EQ(definition->IsDFB(), type.kind == Type::kBlock);
+        const CMemberList& members = definition->IsDFB() ? static_cast<CSymbXMLDFBDef*>(definition)->members
+                                                         : static_cast<CSymbXMLDDTStructDef*>(definition)->members;
+        int position = 0;
+        for (const Item& member : type.members)
+            if (!member.removed)
+                members.GetAt(position++)->indirectionKind = member.indirection;
+        ASSERT_EQ(position, members.GetCount());
+    }
+
+    void CheckLookup(const Place& place, const std::string& path)
+    {
+        // A number behind an array is an index, behind an index a step of its own, for which there may be no room.
+        const bool mayAskForBit =
+            place.steps == 1 || (place.steps < 16 && (!place.type || place.type->elementary || place.member));
+        const std::string bit = mayAskForBit && project.Draw(3) == 0 ? std::to_string(project.Draw(16)) : "";
+        const std::string expected = place.steps == 1 ? model.Lookup(*place.root, bit) : model.Lookup(place, bit);
+        ASSERT_EQ(symbols.table.Lookup((path + (bit.empty() ? "" : "." + bit)).c_str()), expected) << path;
+        CPlainModel::Visit(place);
+        ++compared;
+    }
+
+    void CheckRoot()
+    {
+        const HostBrowse request = requests.Next("", model.Variables({}, false));
+        const Listing texts = model.Variables(request, true), elements = model.Variables(request, false);
+        ASSERT_EQ(symbols.table.Browse(request), Joined(texts)) << Show(request);
+        ASSERT_NO_FATAL_FAILURE(ExpectPages(symbols.table, request, Shown(elements, request))) << Show(request);
+        compared += texts.size() + elements.size();
+    }
+
+    void CheckListing(const Place& place, const std::string& path)
+    {
+        Place asked = place; // entries of arrays repeat the path as it was asked for
+        asked.prefix = path.substr(path.size() - place.prefix.size());
+        const HostBrowse request = requests.Next(path.c_str(), place.IsListed() ? model.Below(asked, {}) : Listing());
+        CPlainModel::Visit(place); // the way there comes before the listing
+        if (!place.IsListed()) {
+            ASSERT_EQ(symbols.table.Browse(request), "E_INVALIDARG") << Show(request);
+            ASSERT_EQ(symbols.table.BrowsePage(request, 1).Text(), "E_INVALIDARG") << Show(request);
+            return;
+        }
+        const Listing first = model.Below(asked, request);
+        CPlainModel::VisitListing(place, request);
+        const Listing later = model.Below(asked, request);
+        if (project.Draw(2)) {
+            ASSERT_EQ(symbols.table.Browse(request), Joined(first)) << Show(request);
+            ASSERT_NO_FATAL_FAILURE(ExpectPages(symbols.table, request, Shown(later, request))) << Show(request);
+        } else {
+            std::string elements;
+            for (const std::string& element : Shown(first, request))
+                elements += (elements.empty() ? "" : ", ") + element;
+            ASSERT_EQ(symbols.table.BrowsePage(request, 0).Text(), elements) << Show(request);
+            ASSERT_EQ(symbols.table.Browse(request), Joined(later)) << Show(request);
+        }
+        compared += first.size() + later.size();
+    }
+
+    CPlainModel model{project};
+    CInProcessTable symbols;
+    CTemporaryFolder folder;
+    CRequests& requests;
+    std::vector<Place> places;
+};
+
+TEST(PlainModel, AgreesOnEveryRequest)
 {
     const CComScope com; // the component stays loaded
     CRequests requests;
     std::size_t compared = 0;
-    for (unsigned seed = 1; seed <= kProjects; ++seed) {
-        CGeneratedProject project(seed);
-        SCOPED_TRACE("seed " + std::to_string(seed));
-        CLoadedExport plant(project.text);
-        std::vector<Branch> branches = Branches(project, 16);
-        ASSERT_NO_FATAL_FAILURE(ListOnce(plant.table, branches)) << project.text;
-        std::erase_if(branches, [](const Branch& branch) { return !branch.type; });
-        for (std::size_t i = 0; i < kRequestsEach; ++i) {
-            const HostBrowse request = requests.Next("", Variables(project, {}, false));
-            const Listing texts = Variables(project, request, true), elements = Variables(project, request, false);
-            ASSERT_NO_FATAL_FAILURE(Compare(plant.table, request, texts, elements, compared)) << project.text;
-        }
-        for (std::size_t i = 0; i < kBranchesEach * kRequestsEach && !branches.empty(); ++i) {
-            Branch branch = branches[project.Draw(branches.size())];
-            if (i % 3 == 0) { // entries of arrays repeat the path as it was asked for
-                branch.path = InCase(false, branch.path);
-                branch.prefix = InCase(false, branch.prefix);
-            }
-            const HostBrowse request = requests.Next(branch.path.c_str(), Below(branch, {}));
-            const Listing listing = Below(branch, request);
-            ASSERT_NO_FATAL_FAILURE(Compare(plant.table, request, listing, listing, compared)) << project.text;
-        }
+    for (unsigned seed = 1; seed <= kProjects && !HasFatalFailure(); ++seed) {
+        CModelledProject project(seed, requests);
+        SCOPED_TRACE("seed " + std::to_string(seed) + "\n" + project.project.text);
+        project.CheckRequests();
+        compared += project.compared;
     }
-    EXPECT_GT(compared, 30000u);
+    EXPECT_GT(compared, 80000u);
 }
 
 } // namespace

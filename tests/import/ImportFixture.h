@@ -28,7 +28,7 @@ struct CImport
         const std::string_view fromTheInsideOut = ", dataBlock, WalkSource, ImportSource, KorvaProServices";
         std::string interfaces;
         for (const std::string& released : Split(fake.TakeReleases(), ", "))
-            if (fromTheInsideOut.find(" " + released) != std::string_view::npos && released != "")
+            if (!released.empty() && fromTheInsideOut.find(" " + released) != std::string_view::npos)
                 interfaces += ", " + released;
         EXPECT_TRUE(fromTheInsideOut.ends_with(interfaces)) << interfaces;
     }
