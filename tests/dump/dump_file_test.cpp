@@ -6,6 +6,7 @@
 #include "support/ExportBuilder.h"
 #include "support/FakeComponent.h"
 #include "support/HostView.h"
+#include "support/PlainModel.h"
 #include "support/RecordingSink.h"
 #include "support/UnitSink.h"
 #include "symbkds/dump/CDumpLine.h"
@@ -25,25 +26,13 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <map>
+#include <regex>
 #include <sstream>
 #include <stdexcept>
 #include <thread>
 
 namespace {
-
-const char kKinds[] =
-    "TYPE Point STRUCT X Int @0 size 2 'east' Y REAL @2 size 4 access 1\n"
-    "  SECRET BOOL block 3 @6 size 1 hidden 1 access 3 'line one\nline two' END\n"
-    "TYPE Row ARRAY[-1..8] OF Point\n"
-    "TYPE Grid ARRAY[1..2,0..3] OF REAL\n"
-    "DFB Pid IN SP INT @0 size 2 'Sollwert f\xC3\xBCr die H\xC3\xB6he' OUT OP ARRAY[0..1] OF INT @2 size 4\n"
-    "  indirection 2 END\n"
-    "VAR MOTOR1 Point AT %MW100 block 5 @200 size 8 access 2 'F\xC3\xB6rderband'\n"
-    "VAR U1 dint block 7 @300 size 4 access 1\n"
-    "VAR BIT1 BOOL AT %MW3.5 @6 size 2 bit 5 access 3 customer \"not written\"\n"
-    "VAR F\xC3\xBCllstand WORD AT %MW9 block -1 @-2 size 2 access 9 'first\nsecond'\n"
-    "VAR TAB ARRAY[0..9] OF INT AT %MW400 block 5 @800 size 20\n"
-    "VAR CUBE ARRAY[0..1,-2147483648..2] OF WORD @900 size 12\n";
 
 std::string DumpName(std::string path)
 {
@@ -137,25 +126,6 @@ struct CDumped
     std::string source;
 };
 
-TEST(DumpFile, HoldsEveryKindOfBlock)
-{
-    CDumped loaded;
-    const DWORD before = GetTickCount();
-    ASSERT_EQ(loaded.Load(kKinds), 0);
-    const DWORD after = GetTickCount();
-    std::string dump = loaded.Dump();
-    const Stamps stamps = TakeStamps(dump);
-    EXPECT_EQ(dump, ReadWholeFile(TEST_DATA_DIR "/kinds.dump"));
-
-    EXPECT_EQ(stamps.fileTime, Hexadecimal(FileSeconds(loaded.source)));
-    EXPECT_EQ(stamps.firstTick.find_first_not_of("0123456789abcdef"), std::string::npos) << stamps.firstTick;
-    EXPECT_EQ(stamps.lastTick.find_first_not_of("0123456789ABCDEF"), std::string::npos) << stamps.lastTick;
-    const DWORD first = static_cast<DWORD>(std::stoul(stamps.firstTick, nullptr, 16));
-    const DWORD last = static_cast<DWORD>(std::stoul(stamps.lastTick, nullptr, 16));
-    EXPECT_LE(first - before, last - before);
-    EXPECT_LE(last - before, after - before);
-}
-
 TEST(DumpFile, OfAnEmptyExportHasTenLines)
 {
     CDumped loaded;
@@ -169,8 +139,103 @@ TEST(DumpFile, OfAnEmptyExportHasTenLines)
 TEST(DumpFile, OfTheExamplePlant)
 {
     CDumped loaded;
-    ASSERT_EQ(loaded.LoadFile(loaded.folder.WriteFile("plant.kds", ReadWholeFile(EXAMPLES_DIR "/plant.kds"))), 0);
-    EXPECT_EQ(WithoutStamps(loaded.Dump()), WithoutStamps(ReadWholeFile(TEST_DATA_DIR "/plant.dump")));
+    const std::string path = loaded.folder.WriteFile("plant.kds", ReadWholeFile(EXAMPLES_DIR "/plant.kds"));
+    const DWORD before = GetTickCount();
+    ASSERT_EQ(loaded.LoadFile(path), 0);
+    const DWORD after = GetTickCount();
+    std::string dump = loaded.Dump();
+    const Stamps stamps = TakeStamps(dump);
+    EXPECT_EQ(dump, WithoutStamps(ReadWholeFile(TEST_DATA_DIR "/plant.dump")));
+
+    EXPECT_EQ(stamps.fileTime, Hexadecimal(FileSeconds(path)));
+    EXPECT_EQ(stamps.firstTick.find_first_not_of("0123456789abcdef"), std::string::npos) << stamps.firstTick;
+    EXPECT_EQ(stamps.lastTick.find_first_not_of("0123456789ABCDEF"), std::string::npos) << stamps.lastTick;
+    const DWORD first = static_cast<DWORD>(std::stoul(stamps.firstTick, nullptr, 16));
+    const DWORD last = static_cast<DWORD>(std::stoul(stamps.lastTick, nullptr, 16));
+    EXPECT_LE(first - before, last - before);
+    EXPECT_LE(last - before, after - before);
+}
+
+// Generated names of arrays in a dump become the declarations that they stand for.
+std::string WithDeclarations(std::string dump)
+{
+    const std::regex generated(
+        "DDTArray (%TEMP_ARRAY[0-9]+) \r\n0 \r\n (.*) \r\n [0-9A-F]+ \r\n 1 \r\n ([0-9A-F]+) ([0-9A-F]+) ");
+    std::map<std::string, std::pair<std::string, std::string>> arrays; // name to bounds and elements
+    for (std::sregex_iterator found(dump.begin(), dump.end(), generated); found != std::sregex_iterator(); ++found)
+        arrays[found->str(1)] = {std::to_string(static_cast<int>(std::stoul(found->str(3), nullptr, 16))) + ".." +
+                                     std::to_string(static_cast<int>(std::stoul(found->str(4), nullptr, 16))),
+                                 found->str(2)};
+    for (std::size_t begin = 0; (begin = dump.find("%TEMP_ARRAY", begin)) != std::string::npos;) {
+        const std::size_t end = dump.find_first_of(" \r", begin);
+        std::string bounds, element = dump.substr(begin, end - begin);
+        for (auto array = arrays.find(element); array != arrays.end(); array = arrays.find(element)) {
+            bounds += (bounds.empty() ? "" : ",") + array->second.first;
+            element = array->second.second;
+        }
+        dump.replace(begin, end - begin, "ARRAY[" + bounds + "] OF " + element);
+    }
+    return dump;
+}
+
+std::string PlaceOf(const Item& item)
+{
+    return " (" + Hexadecimal(item.block) + "," + Hexadecimal(item.offset) + ")-" + Hexadecimal(item.size) + " : ";
+}
+
+std::string BlockOf(const Type& type)
+{
+    const std::string kind = type.kind == Type::kArray   ? "DDTArray "
+                             : type.kind == Type::kBlock ? "DFBDef "
+                                                         : "DDTStruct ";
+    const std::string head = kind + "\r\n" + kind + type.name + " \r\n0 \r\n";
+    if (type.kind == Type::kArray)
+        return head + " " + type.element->name + " \r\n " +
+               Hexadecimal(type.element->elementary ? type.element->elementary->varType : 0) + " \r\n 1 \r\n " +
+               Hexadecimal(static_cast<DWORD>(type.lower)) + " " + Hexadecimal(static_cast<DWORD>(type.upper)) +
+               " \r\n";
+    std::string members;
+    DWORD count = 0;
+    for (const Item& member : type.members) {
+        if (member.removed)
+            continue;
+        ++count;
+        members += "DDT/DFB-Member " + member.name + " \r\n " + member.comment + " \r\n " +
+                   (member.upper ? Upper(member.spelled) : member.spelled) + " \r\n " +
+                   Hexadecimal(member.known ? CPlainModel::VarTypeOf(*member.type, true) : 0) + " " +
+                   Hexadecimal(CPlainModel::CodeOf(*member.type, member.known)) + PlaceOf(member) +
+                   Hexadecimal(member.access) + " 0 " + (member.hidden ? "1" : "0") + " \r\n";
+    }
+    return head + "NbMember " + Hexadecimal(count) + " \r\n" + members;
+}
+
+std::string BlocksOf(const std::vector<Item>& variables)
+{
+    std::string blocks = "NbItem " + Hexadecimal(static_cast<DWORD>(variables.size())) + " \r\n";
+    for (const Item& variable : variables)
+        blocks += "XMLItem " + variable.name + "\r\n" + variable.comment + "\r\n" + variable.address + "\r\n" +
+                  variable.type->name + "\r\n" + Hexadecimal(CPlainModel::CodeOf(*variable.type, true)) + " " +
+                  Hexadecimal(CPlainModel::VarTypeOf(*variable.type, false)) + PlaceOf(variable) +
+                  Hexadecimal(static_cast<DWORD>(variable.bit)) + " " + Hexadecimal(variable.access) + "\r\n";
+    return blocks + "QUICK SAVE DICO";
+}
+
+TEST(DumpFile, HoldsEveryTypeAndVariableOfGeneratedProjects)
+{
+    using testing::HasSubstr;
+    const CComScope com; // the component stays loaded
+    for (unsigned seed = 1; seed <= 300 && !HasFailure(); ++seed) {
+        const CGeneratedProject project(seed);
+        CDumped loaded;
+        ASSERT_EQ(loaded.Load(project.text), 0);
+        const std::string dump = WithDeclarations(loaded.Dump());
+        for (const Type* type : project.named)
+            if (type->kind == Type::kArray) // whose elements' type name may have turned upper case
+                EXPECT_THAT(Upper(dump), HasSubstr(Upper(BlockOf(*type)))) << project.text;
+            else
+                EXPECT_THAT(dump, HasSubstr(BlockOf(*type))) << project.text;
+        EXPECT_THAT(dump, HasSubstr(BlocksOf(project.variables))) << project.text;
+    }
 }
 
 TEST(DumpFile, IsNamedAfterThePath)
