@@ -30,12 +30,7 @@ const IdentifierCase kIdentifiers[] = {
     {{.path = "TAB", .pattern = "TAB[0", .fields = "AC", .parentId = u"T"},
      "TAB[0]|U-INT (B:5 - O:40) |=T[0]|U-INT (B:5 - O:40) |"},
     {{.path = ".TAB", .pattern = "TAB[0", .parentId = u"PLC1!TAB"}, "TAB[0]=PLC1!TAB[0]"},
-    // Only an element repeats the end of the path; a member may be called alike.
-    {{.path = "MOTOR", .parentId = u"PLC1!MOTOR"},
-     "SPEED=PLC1!MOTOR.SPEED, MOTOR=PLC1!MOTOR.MOTOR, MOTOR_SPEED=PLC1!MOTOR.MOTOR_SPEED, GRID=PLC1!MOTOR.GRID >, "
-     "Drehmoment \xC3\xA4=PLC1!MOTOR.Drehmoment \xC3\xA4 >"},
     {{.path = "MOTOR.Drehmoment \xC3\xA4", .parentId = u"\u00C4"}, "Drehmoment \xC3\xA4[0]=\xC3\x84[0]"},
-    {{.path = "MOTOR.GRID[2]", .parentId = u"M.GRID[2]"}, "GRID[2][0]=M.GRID[2][0], GRID[2][1]=M.GRID[2][1]"},
 };
 
 TEST(BrowseElements, CarryItemIdentifiers)

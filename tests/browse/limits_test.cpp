@@ -70,6 +70,20 @@ TEST(BrowseLimits, ArraysWithoutACountHaveNoElements)
     EXPECT_EQ(plant.Elements({.path = "BEYOND"}), "BEYOND[2147483647]"); // bounds saturate
 }
 
+TEST(BrowseLimits, UnusualPathsAndPlaces)
+{
+    CLoadedExport plant("VAR ROWS ARRAY[0..1] OF Row AT %MW50 TYPE Row ARRAY[0..1] OF INT VAR NONE ARRAYX AT %MW120\n"
+                        "VAR CUBE ARRAY[0..1,5..6,-2..-1] OF int AT %MW90 size 16\n"
+                        "DFB D IN A INT block 1 @2 size 2 END VAR D1 D block 65535 @4294967295 size 2\n");
+    EXPECT_EQ(plant.Elements({.path = "ROWS.ANY", .fields = "A"}),
+              "ANY[0]|U-INT (B:0 - O:0) , ANY[1]|U-INT (B:0 - O:0) "); // a name stands for the first element
+    EXPECT_EQ(plant.Elements({.path = "CUBE[1,9]"}), "CUBE[1,9][5] >, CUBE[1,9][6] >"); // the first number counts
+    EXPECT_EQ(plant.table.Browse({.path = "CUBE", .pattern = "CUBE[1", .fields = "A"}),
+              "CUBE[1]|U-ARRAY[5..6,-2..-1] OF INT (B:0 - O:8) ");
+    EXPECT_EQ(plant.Elements({.path = "NONE"}), "NONE[0] >");
+    EXPECT_EQ(plant.table.Browse({.path = "D1", .fields = "A"}), "A|U-INT (B:65536 - O:2147483649) "); // it saturates
+}
+
 TEST(BrowseLimits, ArraysThatHoldThemselves)
 {
     CLoadedExport plant("TYPE Ring ARRAY[0..1] OF Ring VAR R Ring AT %MW0 size 8\n"

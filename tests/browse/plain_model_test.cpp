@@ -23,7 +23,7 @@ public:
     {
         constexpr VARTYPE kVarTypes[] = {0, 2, 0, 11, 0, 18, 0, 0x2002, 0, 0x2011, 0, 0x2012, 0, 0x200B};
         constexpr const char* kFilters[] = {"", "x%ULx", "", "%ul"};
-        constexpr const char* kFields[] = {"", "A", "CxA"};
+        constexpr const char* kFields[] = {"", "A", "CxaA"};
         rest = number++;
         HostBrowse request{.path = path, .branchesOnly = Flag(), .leaves = Flag(), .branches = Flag()};
         pattern = PatternOf(Digit(8), whole.empty() ? "" : whole[number % whole.size()].text);

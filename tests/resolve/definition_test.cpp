@@ -22,74 +22,8 @@ struct CLoadedTable : CInProcessTable
 {
     CLoadedTable() { EXPECT_EQ(table.Load(WriteExport(folder, kPlant)), 0); }
 
-    // Of every parameter; the imports do not set it.
-    void SetIndirection(const char* block, const char* parameters, std::uint16_t kind)
-    {
-        for (const std::string& parameter : Split(parameters))
-            static_cast<CSymbXMLDFBDef*>(Definition(block))->members.Find(parameter.c_str())->indirectionKind = kind;
-    }
-
     CTemporaryFolder folder;
 };
-
-struct IndirectionCase
-{
-    std::uint16_t outerKind; // of every parameter of Outer
-    std::uint16_t innerKind; // of every parameter of Inner
-    const char* name;
-    const char* text;
-};
-
-const IndirectionCase kIndirections[] = {
-    {0, 0, "O.A", "DINT +140 size 4 block 7 'speed'"},
-    {1, 0, "O.A", "DINT +140 size 4 block 7 'speed'"},
-    {2, 0, "O.A", "DINT +140 size 4 block 7 by reference relative +0/4 access 1 'speed'"},
-    {2, 0, "O.W.3", "WORD as BOOL +190 size 2 block 7 bit 3 by reference relative +0/2 access 1"},
-    {2, 0, "O.S", "SUB as structured +148 size 8 block 7 by reference relative +0/8 access 1"},
-    {3, 0, "O.S", "SUB as structured +148 size 8 block 7"},
-    // Below a parameter passed by value the path stays located, below any other it is relative.
-    {0, 0, "O.S.Y", "REAL +148 size 4 block 7 relative +4/4"},
-    {1, 0, "O.S.Y", "REAL +152 size 4 block 7"},
-    {2, 0, "O.S.Y", "REAL +148 size 4 block 7 by reference relative +4/4 access 1"},
-    {1, 0, "O.T[1].X", "INT +170 size 2 block 7"},
-    {2, 0, "O.T[1].X", "INT +160 size 2 block 7 by reference relative +10/2 access 1"},
-    // An address of the word area is for what lies at it, not for a reference.
-    {1, 0, "O.M[2]", "ARRAY[0..1] OF INT as INT[] +184 size 4 block 7 at %MD45"},
-    {2, 0, "O.M[2]", "ARRAY[0..1] OF INT as INT[] +180 size 4 block 7 by reference relative +4/4 access 1"},
-    // The innermost function block on the path decides over the reference.
-    {0, 0, "O.I.A", "E_INVALIDARG, silent"},
-    {1, 0, "O.I.A", "INT +116 size 2 block 7"},
-    {2, 0, "O.I.A", "E_INVALIDARG, silent"},
-    {1, 0, "O.I.S", "SUB as structured +118 size 8 block 7"},
-    {1, 2, "O.I.A", "INT +116 size 2 block 7 by reference relative +0/2 access 1"},
-    {2, 0, "O.I.S", "E_INVALIDARG, silent"},
-    {2, 0, "O.I.S.Y", "REAL +110 size 4 block 7 relative +12/4"},
-    {0, 2, "O.I.S.Y", "REAL +110 size 4 block 7 by reference relative +12/4 access 1"},
-    {1, 1, "O.I.S.Y", "REAL +122 size 4 block 7"},
-    {2, 1, "O.I.S.Y", "REAL +114 size 4 block 7 relative +8/8"}, // located again, the outer reference forgotten
-};
-
-TEST(Definition, PassesParametersByValueOrReference)
-{
-    CLoadedTable plant;
-    plant.WordArea() = {.count = 1000, .firstIndex = 3, .block = 7, .baseOffset = 100};
-    for (const IndirectionCase& row : kIndirections) {
-        plant.SetIndirection("Outer", "I|A|S|T|M|W", row.outerKind);
-        plant.SetIndirection("Inner", "A|S", row.innerKind);
-        EXPECT_EQ(plant.table.Lookup(row.name), row.text) << row.name << " kinds " << row.outerKind << row.innerKind;
-    }
-    // Listings say the same of parameters and members.
-    static_cast<CSymbXMLDDTStructDef*>(plant.Definition("Sub"))->members.Find("X")->indirectionKind = 2;
-    plant.WordArea().block = 11; // S lies in another block than O
-    const auto fields = [&](const char* path) { return plant.table.Browse({.path = path, .fields = "A"}); };
-    EXPECT_EQ(fields("O.S"), "X|U-INT (B:11 - O:150) , Y|U-REAL (B:14 - O:152) ");
-    plant.WordArea().block = 14;
-    EXPECT_EQ(fields("O.S"), "X|U-INT (B:11 - O:150) , Y|U-REAL (B:14 - O:152) %MD29");
-    plant.WordArea().block = 7;
-    plant.SetIndirection("Outer", "A", 1);
-    EXPECT_EQ(plant.table.Browse({.path = "O", .pattern = "A", .fields = "A"}), "A|%MD23");
-    EXPECT_EQ(plant.table.Browse({.path = "O", .pattern = "W", .fields = "A"}), "W|U-WORD (B:7 - O:190) ");
-}
 
 TEST(Definition, WritesTheTextsOfAValue)
 {

@@ -69,12 +69,9 @@ TEST(PlainName, FailsSilentlyUnlessVerbose)
 
 const PlantCase kOwnBits[] = {
     // A variable that is one bit: the descriptor is that of its word.
-    {"VAR B BOOL AT %MW3.5 @6 size 1 bit 5", {{"B", "BOOL +6 size 2 bit 5 at %MW3.5"}, {"B.5", kNoSuchBit}}},
-    {"VAR B BOOL AT %MW3.5 @21 size 1 bit 3", {{"B", "BOOL +20 size 2 bit 11 at %MW3.5"}}},
     {"VAR B EBOOL AT %MW3.5 @21 size 2 bit 9",
      {{"B", "EBOOL as BOOL +20 size 2 bit 17 at %MW3.5"},
       {"B.4", "EBOOL as BOOL +21 size 2 bit 4 at %MW3.5.4"}}}, // a bit that is asked for comes first
-    {"VAR B WORD AT %MW3 @8 size 4 bit 0", {{"B", "WORD as BOOL +8 size 2 bit 0 at %MW3"}}},
     {"VAR B BOOL AT %MW3 @-1 bit 250", {{"B", "BOOL +4294967294 size 2 bit 2 at %MW3"}}},
     {"VAR B BOOL AT %MW3 @2 bit 255", {{"B", "BOOL +2 size 0 at %MW3"}}},
 };
@@ -82,20 +79,6 @@ const PlantCase kOwnBits[] = {
 TEST(PlainName, OfABitDescribesTheWholeWord)
 {
     ExpectLookups(kOwnBits);
-}
-
-TEST(PlainName, ServesFiveTypes)
-{
-    const auto expectLookup = [](const std::string& type, const char* name, const std::string& answer) {
-        CLoadedPlant plant("TYPE S STRUCT A INT END DFB F IN A INT END VAR A " + type + " AT %MW1 size 2");
-        EXPECT_EQ(plant.table.Lookup(name), answer) << type;
-    };
-    for (const std::string& type : Split("BOOL|EBOOL|INT|UINT|WORD"))
-        expectLookup(type, "A", type + " +0 size 2 at %MW1");
-    for (const std::string& type : Split("BYTE|DINT|UDINT|DWORD|REAL|TOD|TIME|DATE|DT|STRING|STRING[2]|WSTRING|"
-                                         "ARRAY[0..0] OF INT|S|F"))
-        for (const char* name : {"A", "A.1"})
-            expectLookup(type, name, NOT_ANIMABLE);
 }
 
 } // namespace
