@@ -37,38 +37,6 @@ struct CLoadedExport
     CHostTable table{sink};
 };
 
-// A property browse with every variable of the host at hand.
-struct CPropertyCall
-{
-    explicit CPropertyCall(DWORD maxElements = 0) : out(maxElements), limit(maxElements) {}
-
-    HRESULT Run(const CHostTable& table, const HostBrowse& request = {})
-    {
-        return table->BrowseSymbolsWithProperties(request.filter, request.pattern, request.varType, request.path, 0, 0,
-                                                  request.branchesOnly, request.leaves, request.branches,
-                                                  static_cast<LONG>(request.fields.size()), request.fields.data(),
-                                                  reinterpret_cast<LPCWSTR>(request.parentId), point, limit, 0, 0, 0, 0,
-                                                  more, count, elements, capacity, nullptr);
-    }
-    std::string Names() const
-    {
-        std::string joined;
-        for (DWORD i = 0; i < out.count; ++i)
-            joined += (i ? ", " : "") + out.Read(i).name;
-        return joined;
-    }
-
-    CHostElements out;
-    DWORD limit;
-    DWORD moreValue = 7; // no value of the library's
-    LPWSTR pointValue = nullptr;
-    LPWSTR* point = &pointValue;
-    DWORD* more = &moreValue;
-    DWORD* count = &out.count;
-    void** elements = &out.array;
-    DWORD* capacity = &out.capacity;
-};
-
 // Fails unless the listing, and pages of several sizes that each begin where the one before ended, hold these elements
 // as HostPage shows them.
 inline void ExpectPages(const CHostTable& table, const HostBrowse& request, const std::vector<std::string>& elements)

@@ -40,35 +40,35 @@ TEST(BrowseArguments, OfAPropertyListing)
     CLoadedExport plant(kPlant);
     void* noArray = nullptr;
     DWORD held = 0; // elements of that array
-    const std::function<void(CPropertyCall&)> changes[] = {
-        [](CPropertyCall& call) { call.more = nullptr; },
-        [](CPropertyCall& call) { call.count = nullptr; },
-        [](CPropertyCall& call) { call.elements = nullptr; },
-        [](CPropertyCall& call) { call.capacity = nullptr; },
-        [&](CPropertyCall& call) { call.elements = &noArray, call.count = &held; },
+    const std::function<void(CHostListing&)> changes[] = {
+        [](CHostListing& call) { call.passed.more = nullptr; },
+        [](CHostListing& call) { call.passed.count = nullptr; },
+        [](CHostListing& call) { call.passed.array = nullptr; },
+        [](CHostListing& call) { call.passed.capacity = nullptr; },
+        [&](CHostListing& call) { call.passed.array = &noArray, call.passed.count = &held; },
     };
     for (DWORD limit : {0U, 2U}) {
         held = limit == 0 ? 1 : 0; // there is no room for either
         for (const auto& change : changes) {
-            CPropertyCall call(limit);
+            CHostListing call(limit);
             change(call);
             EXPECT_EQ(ResultName(call.Run(plant.table)), "E_INVALIDARG") << &change - changes << " limit " << limit;
-            EXPECT_EQ(call.out.count, 0U);
-            EXPECT_EQ(call.moreValue, 7U);
-            EXPECT_EQ(call.pointValue, nullptr);
-            EXPECT_EQ(call.out.capacity, limit);
+            EXPECT_EQ(call.count, 0U);
+            EXPECT_EQ(call.more, 7U);
+            EXPECT_EQ(call.point, nullptr);
+            EXPECT_EQ(call.capacity, limit);
         }
     }
     EXPECT_EQ(plant.Elements({.path = "NOTHING"}), "E_INVALIDARG");
     EXPECT_EQ(plant.Elements({.path = nullptr, .pattern = nullptr, .filter = nullptr}),
               "W1, MOTOR1 >, PID1 >, TAB >"); // absent texts are empty ones
 
-    CPropertyCall call;
-    EXPECT_EQ(plant.table->BrowseSymbolsWithProperties("", "*", 0, "", 0, 0, FALSE, TRUE, TRUE, 1, nullptr, nullptr,
-                                                       call.point, 0, 0, 0, 0, 0, call.more, call.count, call.elements,
-                                                       call.capacity, nullptr),
+    CHostListing call;
+    EXPECT_EQ(plant.table->BrowseSymbolsWithProperties(
+                  "", "*", 0, "", 0, 0, FALSE, TRUE, TRUE, 1, nullptr, nullptr, call.passed.point, 0, 0, 0, 0, 0,
+                  call.passed.more, call.passed.count, call.passed.array, call.passed.capacity, nullptr),
               E_INVALIDARG);
-    EXPECT_EQ(call.out.count, 0U);
+    EXPECT_EQ(call.count, 0U);
 }
 
 TEST(BrowseArguments, PathsThatLeadNowhere)
@@ -95,8 +95,8 @@ TEST(BrowseArguments, TheFileIsTestedBeforeThem)
     const std::string message = "[1] KorvaPro Reader :IsThereNewKdvFile: Impossible to test file <plant.kds> error <2>";
     plant.table->BrowseSymbols(nullptr, nullptr, 0, "", 0, 0, FALSE, TRUE, TRUE, 0, nullptr, nullptr, nullptr);
     EXPECT_EQ(plant.table.TakeMessages(), message);
-    CPropertyCall call;
-    call.more = nullptr;
+    CHostListing call;
+    call.passed.more = nullptr;
     call.Run(plant.table);
     EXPECT_EQ(plant.table.TakeMessages(), message);
     EXPECT_EQ(plant.table.Browse({.path = "TAB"}), "TAB[0], TAB[1]"); // what was loaded stays

@@ -52,82 +52,82 @@ TEST(BrowseElements, TooLongAParentIsCutBetweenCharacters)
 TEST(BrowseElements, AreAddedBehindThoseThatAreThere)
 {
     CLoadedExport plant(kPlant);
-    CPropertyCall call;
+    CHostListing call;
     // Room is made for every candidate, wanted or not, and 1000 more.
     EXPECT_EQ(call.Run(plant.table, {.pattern = "VAR"}), 0);
-    EXPECT_EQ(call.out.capacity, 4U + 1000);
-    void* first = call.out.array;
+    EXPECT_EQ(call.capacity, 4U + 1000);
+    void* first = call.array;
     EXPECT_EQ(call.Run(plant.table, {.path = "TAB"}), 0);
     EXPECT_EQ(call.Names(), "VAR1, TAB[0], TAB[1], TAB[2], TAB[3]");
-    EXPECT_EQ(call.out.array, first);
-    EXPECT_EQ(call.out.capacity, 1004U);
-    call.out.capacity = 9; // just enough
+    EXPECT_EQ(call.array, first);
+    EXPECT_EQ(call.capacity, 1004U);
+    call.capacity = 9; // just enough
     EXPECT_EQ(call.Run(plant.table, {.path = "TAB"}), 0);
-    EXPECT_EQ(call.out.capacity, 9U);
+    EXPECT_EQ(call.capacity, 9U);
     EXPECT_EQ(call.Run(plant.table, {.path = "TAB"}), 0); // one too few
-    EXPECT_EQ(call.out.capacity, 13U + 1000);
-    EXPECT_EQ(call.out.count, 13U);
-    EXPECT_EQ(call.out.Read(12).name, "TAB[3]");
+    EXPECT_EQ(call.capacity, 13U + 1000);
+    EXPECT_EQ(call.count, 13U);
+    EXPECT_EQ(call.Read(12).name, "TAB[3]");
     EXPECT_EQ(call.Run(plant.table, {.path = "TAB", .pattern = "nothing"}), 0);
-    EXPECT_EQ(call.out.count, 13U);
-    EXPECT_EQ(call.moreValue, 7U); // left alone by a listing that was not cut
-    EXPECT_EQ(call.pointValue, nullptr);
+    EXPECT_EQ(call.count, 13U);
+    EXPECT_EQ(call.more, 7U); // left alone by a listing that was not cut
+    EXPECT_EQ(call.point, nullptr);
 }
 
 TEST(BrowseElements, RoomIsNotTakenForGranted)
 {
     CLoadedExport plant(kPlant);
-    CPropertyCall call;
-    call.out.capacity = 5000; // of no array
+    CHostListing call;
+    call.capacity = 5000; // of no array
     EXPECT_EQ(call.Run(plant.table), 0);
-    EXPECT_EQ(call.out.count, 4U);
-    EXPECT_EQ(call.out.capacity, 1004U);
+    EXPECT_EQ(call.count, 4U);
+    EXPECT_EQ(call.capacity, 1004U);
     for (DWORD count : {0xFFFFFFFFU, 0xFFFFFFFFU - 1003}) { // more than can be counted
-        call.out.count = count;
+        call.count = count;
         EXPECT_EQ(ResultName(call.Run(plant.table)), "E_OUTOFMEMORY");
-        EXPECT_EQ(call.out.count, count);
-        EXPECT_EQ(call.out.capacity, 1004U);
+        EXPECT_EQ(call.count, count);
+        EXPECT_EQ(call.capacity, 1004U);
     }
-    call.out.count = 4;
+    call.count = 4;
 }
 
 TEST(BrowseElements, ALimitCountsThoseThatAreThere)
 {
     CLoadedExport plant(kPlant);
-    CPropertyCall call(6);
-    void* array = call.out.array;
+    CHostListing call(6);
+    void* array = call.array;
     EXPECT_EQ(call.Run(plant.table, {.path = "TAB"}), 0);
-    EXPECT_EQ(call.moreValue, 7U);
+    EXPECT_EQ(call.more, 7U);
     EXPECT_EQ(call.Run(plant.table), 0); // two of four fit
     EXPECT_EQ(call.Names(), "TAB[0], TAB[1], TAB[2], TAB[3], VAR1, TAB");
-    EXPECT_EQ(call.moreValue, 1U);
-    EXPECT_EQ(Narrow(call.pointValue), "MOTOR");
-    EXPECT_EQ(call.out.array, array);
-    EXPECT_EQ(call.out.capacity, 6U);
+    EXPECT_EQ(call.more, 1U);
+    EXPECT_EQ(Narrow(call.point), "MOTOR");
+    EXPECT_EQ(call.array, array);
+    EXPECT_EQ(call.capacity, 6U);
 
     // A point given back stays the host's; the next one is another text. Here nothing fits.
-    LPWSTR given = call.pointValue;
+    LPWSTR given = call.point;
     EXPECT_EQ(call.Run(plant.table), 0);
-    EXPECT_EQ(Narrow(call.pointValue), "MOTOR");
-    EXPECT_NE(call.pointValue, given);
+    EXPECT_EQ(Narrow(call.point), "MOTOR");
+    EXPECT_NE(call.point, given);
     CoTaskMemFree(given);
 
     for (DWORD smaller : {1U, 5U}) { // than the elements that are there
         for (const char* path : {"", "TAB", "MOTOR"}) {
-            CoTaskMemFree(std::exchange(call.pointValue, nullptr));
-            call.moreValue = 7;
+            CoTaskMemFree(std::exchange(call.point, nullptr));
+            call.more = 7;
             call.limit = smaller;
             EXPECT_EQ(call.Run(plant.table, {.path = path}), 0);
-            EXPECT_EQ(call.out.count, smaller) << path;
-            EXPECT_EQ(call.moreValue, 1U) << path;
-            EXPECT_EQ(Narrow(call.pointValue), *path == 0 ? "VAR1" : *path == 'T' ? "TAB[0]" : "SPEED");
-            call.out.count = 6; // all of them are still the host's
+            EXPECT_EQ(call.count, smaller) << path;
+            EXPECT_EQ(call.more, 1U) << path;
+            EXPECT_EQ(Narrow(call.point), *path == 0 ? "VAR1" : *path == 'T' ? "TAB[0]" : "SPEED");
+            call.count = 6; // all of them are still the host's
         }
     }
-    CoTaskMemFree(std::exchange(call.pointValue, nullptr));
+    CoTaskMemFree(std::exchange(call.point, nullptr));
     call.limit = 1;
     EXPECT_EQ(call.Run(plant.table, {.path = "TAB", .pattern = "nothing"}), 0);
-    EXPECT_EQ(call.out.count, 6U); // nothing to add, nothing to cut
+    EXPECT_EQ(call.count, 6U); // nothing to add, nothing to cut
 }
 
 // A limit of everything that can be counted, and no place for a continuation point.
@@ -136,12 +136,12 @@ TEST(BrowseElements, UnusualLimits)
     CLoadedExport plant(kPlant);
     for (const char* path : {"", "TAB", "MOTOR"}) {
         for (DWORD limit : {2U, 5U, 0xFFFFFFFFU}) {
-            CPropertyCall call(std::min(limit, DWORD{5})); // room enough for each
+            CHostListing call(std::min(limit, DWORD{5})); // room enough for each
             call.limit = limit;
-            call.point = nullptr;
+            call.passed.point = nullptr;
             EXPECT_EQ(call.Run(plant.table, {.path = path}), 0);
-            EXPECT_EQ(call.out.count, limit == 2 ? 2U : *path == 'M' ? 5U : 4U) << path;
-            EXPECT_EQ(call.moreValue, limit == 2 ? 1U : 7U) << path;
+            EXPECT_EQ(call.count, limit == 2 ? 2U : *path == 'M' ? 5U : 4U) << path;
+            EXPECT_EQ(call.more, limit == 2 ? 1U : 7U) << path;
         }
     }
 }
@@ -188,11 +188,11 @@ TEST(BrowseElements, ResumeOnlyAtAnEntryOfTheListing)
     }
     WCHAR empty = 0; // stands for the first entry
     for (DWORD limit : {0U, 4U}) {
-        CPropertyCall call(limit);
-        call.pointValue = &empty;
+        CHostListing call(limit);
+        call.point = &empty;
         EXPECT_EQ(call.Run(plant.table, {.path = "TAB"}), 0);
-        EXPECT_EQ(call.out.count, 4U);
-        EXPECT_EQ(call.pointValue, &empty);
+        EXPECT_EQ(call.count, 4U);
+        EXPECT_EQ(call.point, &empty);
     }
 }
 

@@ -2,17 +2,14 @@
 #include "faults/Allocations.h"
 #include "platform/mfc/Exceptions.h"
 #include "support/ExportBuilder.h"
-#include "support/HostView.h"
+#include "support/InProcessTable.h"
 #include "support/UnitSink.h"
-#include "symbkds/browse/BrowseRequest.h"
-#include "symbkds/frame/CSymbXml.h"
 #include "symbkds/frame/PluginExports.h"
 
 #include "platform/com/TaskMemory.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <functional>
 
 namespace {
@@ -61,54 +58,17 @@ Outcome RunShort(long ordinal, Shortage shortage, const std::function<HRESULT()>
     return outcome;
 }
 
-// The texts and elements that the requests of one table give, in one text.
-struct CAnswers
+// A symbol table of this program, whose allocations fail here, and a willing sink.
+struct CLoadedTable : CInProcessTable
 {
-    CString address, comment;
-    AddressDescriptor* descriptor = nullptr;
-    DWORD propertyCount = 0;
-    PropertyEntry* properties = nullptr;
+    CLoadedTable() { EXPECT_EQ(Load(symb), 0); }
 
-    CAnswers() = default;
-    CAnswers(const CAnswers&) = delete;
-    CAnswers& operator=(const CAnswers&) = delete;
-    ~CAnswers()
-    {
-        std::free(descriptor);
-        delete[] properties;
-    }
-
-    HRESULT Ask(CSymb& table, LPCSTR name)
-    {
-        return table.SearchAndGetFF(0, name, address, comment, &descriptor, &propertyCount, &properties);
-    }
-    std::string Text() const
-    {
-        return descriptor ? std::to_string(descriptor->offset) + "/" + std::to_string(descriptor->size) + " " +
-                                std::to_string(propertyCount) + " " + std::string(address.View()) + " " +
-                                std::string(comment.View())
-                          : "nothing";
-    }
-};
-
-std::string Lookup(CSymb& table, LPCSTR name)
-{
-    CAnswers answers;
-    const HRESULT result = answers.Ask(table, name);
-    return ResultName(result) + " " + answers.Text();
-}
-
-struct CLoadedTable
-{
-    CLoadedTable() { EXPECT_EQ(Load(), 0); }
-
-    LONG Load() { return table.Init(path.c_str(), &sink, TRUE, folder.Path().c_str(), 0); }
+    LONG Load(CSymbXml& other) { return other.Init(path.c_str(), &willing, TRUE, folder.Path().c_str(), 0); }
 
     CComScope com;
     CTemporaryFolder folder;
     std::string path = WriteExport(folder, kPlant);
-    CWillingSink sink;
-    CSymbXml table;
+    CWillingSink willing;
 };
 
 // Fails when `attempt`, which is told the ordinal and says whether that allocation was reached, leaves memory behind.
@@ -156,25 +116,22 @@ void CheckMessages(const Outcome& outcome, const std::string& messages)
 TEST(FaultsMemory, InitEndsWithAResult)
 {
     CLoadedTable whole; // also warms up what is made once
-    const std::string expected = Lookup(whole.table, "M1.GRID[1][2]");
-    whole.sink.TakeText();
+    const std::string expected = whole.table.Lookup("M1.GRID[1][2]");
+    whole.willing.TakeText();
     int refused = 0, thrown = 0;
     ForEachAllocation([&](long ordinal, Shortage shortage) {
-        auto table = std::make_unique<CSymbXml>();
-        const Outcome outcome = RunShort(ordinal, shortage, [&] {
-            return table->Init(whole.path.c_str(), &whole.sink, TRUE, whole.folder.Path().c_str(), 0);
-        });
-        CheckMessages(outcome, whole.sink.TakeText());
+        auto another = std::make_unique<CInProcessTable>();
+        const Outcome outcome = RunShort(ordinal, shortage, [&] { return whole.Load(another->symb); });
+        CheckMessages(outcome, whole.willing.TakeText());
         refused += outcome.result == -1;
         thrown += outcome.thrown;
         EXPECT_TRUE(!outcome.thrown || ordinal <= 3) << "only the arguments may fail to be stored";
         // The table still answers, from what was loaded, and loads.
-        Lookup(*table, "W1");
-        CStringArray names;
-        EXPECT_EQ(table->BrowseSymbols("", "*", 0, "", 0, 0, 0, 1, 1, 0, nullptr, &names, nullptr), S_OK);
-        EXPECT_EQ(table->Init(whole.path.c_str(), &whole.sink, TRUE, "", 0), 0);
-        EXPECT_EQ(Lookup(*table, "M1.GRID[1][2]"), expected);
-        whole.sink.TakeText();
+        another->table.Lookup("W1");
+        EXPECT_NE(another->table.Browse(), "E_INVALIDARG");
+        EXPECT_EQ(whole.Load(another->symb), 0);
+        EXPECT_EQ(another->table.Lookup("M1.GRID[1][2]"), expected);
+        whole.willing.TakeText();
         return outcome.happened;
     });
     EXPECT_GT(refused, 0);
@@ -187,23 +144,21 @@ TEST(FaultsMemory, LookupsPassTheMemoryException)
                              "M1.NOTHING", "W1.99", "[[", "ROW[2].3"}) {
         SCOPED_TRACE(name);
         CLoadedTable loaded;
-        const std::string expected = Lookup(loaded.table, name);
-        const std::string messages = loaded.sink.TakeText();
+        const std::string expected = loaded.table.Lookup(name);
+        const std::string messages = loaded.willing.TakeText();
         ForEachAllocation([&](long ordinal, Shortage shortage) {
-            CAnswers answers;
-            answers.address = "kept";
-            const Outcome outcome = RunShort(ordinal, shortage, [&] { return answers.Ask(loaded.table, name); });
-            loaded.sink.TakeText();
-            if (outcome.thrown) {
-                EXPECT_EQ(answers.Text(), "nothing");
-                EXPECT_EQ(answers.propertyCount, 0u);
-                EXPECT_EQ(answers.address, "kept");
-            } else {
-                EXPECT_FALSE(outcome.happened);
+            {
+                CHostLookup lookup;
+                lookup.address = "kept";
+                const Outcome outcome = RunShort(ordinal, shortage, [&] { return lookup.Ask(loaded.table, name); });
+                loaded.willing.TakeText();
+                EXPECT_EQ(outcome.thrown, outcome.happened);
+                EXPECT_TRUE(!outcome.thrown || (!lookup.descriptor && !lookup.properties && lookup.count == 0 &&
+                                                lookup.address == "kept"));
             }
-            EXPECT_EQ(Lookup(loaded.table, name), expected);
-            EXPECT_EQ(loaded.sink.TakeText(), messages);
-            return outcome.happened;
+            EXPECT_EQ(loaded.table.Lookup(name), expected);
+            EXPECT_EQ(loaded.willing.TakeText(), messages);
+            return CFailingAllocation::Happened();
         });
     }
 }
@@ -236,9 +191,9 @@ TEST(FaultsMemory, ListingsAsTextsEndEarly)
     for (const Listing& listing : kListings) {
         SCOPED_TRACE(listing.path);
         const auto list = [&](CStringArray& names) {
-            return loaded.table.BrowseSymbols("", "*", 0, listing.path, 0, 0, 0, 1, 1,
-                                              static_cast<LONG>(std::strlen(listing.fields)), listing.fields, &names,
-                                              nullptr);
+            return loaded.symb.BrowseSymbols("", "*", 0, listing.path, 0, 0, 0, 1, 1,
+                                             static_cast<LONG>(std::strlen(listing.fields)), listing.fields, &names,
+                                             nullptr);
         };
         CStringArray warm, whole;
         list(warm);
@@ -257,70 +212,39 @@ TEST(FaultsMemory, ListingsAsTextsEndEarly)
     }
 }
 
-// The array of one property browse, given back at the end.
-struct CElements
-{
-    explicit CElements(const Listing& request)
-        : listing(request), elements(static_cast<BrowseElement*>(
-                                request.limit ? CoTaskMemAlloc(request.limit * sizeof(BrowseElement)) : nullptr)),
-          capacity(request.limit)
-    {}
-    CElements(const CElements&) = delete;
-    CElements& operator=(const CElements&) = delete;
-    ~CElements()
-    {
-        for (DWORD i = 0; i < count; ++i) {
-            CoTaskMemFree(elements[i].name);
-            CoTaskMemFree(elements[i].itemId);
-        }
-        CoTaskMemFree(elements);
-        if (point != given)
-            CoTaskMemFree(point);
-    }
-
-    HRESULT List(CSymb& table)
-    {
-        return table.BrowseSymbolsWithProperties(
-            nullptr, nullptr, 0, listing.path, 0, 0, 0, 1, 1, static_cast<LONG>(std::strlen(listing.fields)),
-            listing.fields, nullptr, &point, listing.limit, 0, 0, 0, 0, &more, &count, &elements, &capacity, nullptr);
-    }
-    std::string Text() const
-    {
-        std::string text;
-        for (DWORD i = 0; i < count; ++i)
-            text += Narrow(elements[i].name) + "=" + Narrow(elements[i].itemId) + ", ";
-        return text;
-    }
-
-    const Listing& listing;
-    BrowseElement* elements;
-    DWORD capacity, count = 0, more = 0;
-    LPWSTR given = const_cast<LPWSTR>(reinterpret_cast<LPCWSTR>(listing.resumeAt));
-    LPWSTR point = given;
-};
-
 TEST(FaultsMemory, ListingsAsElementsLeaveAValidArray)
 {
     CLoadedTable loaded;
-    for (const Listing& listing : kListings) {
-        SCOPED_TRACE(listing.path);
-        CElements(listing).List(loaded.table);
-        CElements whole(listing);
-        const HRESULT result = whole.List(loaded.table);
-        const std::string expected = whole.Text();
+    for (const Listing& row : kListings) {
+        SCOPED_TRACE(row.path);
+        const HostBrowse request{.path = row.path, .fields = row.fields};
+        const auto given = const_cast<LPWSTR>(reinterpret_cast<LPCWSTR>(row.resumeAt));
+        const auto list = [&](CHostListing& listing) {
+            listing.point = given;
+            return listing.Run(loaded.table, request);
+        };
+        const auto giveBack = [&](CHostListing& listing) {
+            if (listing.point != given)
+                CoTaskMemFree(listing.point);
+        };
+        CHostListing warm(row.limit), whole(row.limit);
+        list(warm);
+        giveBack(warm);
+        const HRESULT result = list(whole);
+        giveBack(whole);
+        const std::string expected = whole.Names();
         ForEachAllocation([&](long ordinal, Shortage shortage) {
-            CElements elements(listing), again(listing);
-            const Outcome outcome = RunShort(ordinal, shortage, [&] { return elements.List(loaded.table); });
+            CHostListing listing(row.limit), again(row.limit);
+            const Outcome outcome = RunShort(ordinal, shortage, [&] { return list(listing); });
             EXPECT_TRUE(outcome.thrown || outcome.result == (outcome.happened ? E_OUTOFMEMORY : result))
                 << ResultName(outcome.result);
-            EXPECT_LE(elements.count, elements.capacity);
-            EXPECT_TRUE(expected.starts_with(elements.Text())) << elements.Text();
-            if (outcome.happened) {
-                EXPECT_EQ(elements.point, elements.given);
-                EXPECT_EQ(elements.more, 0u);
-            }
-            EXPECT_EQ(again.List(loaded.table), result);
-            EXPECT_EQ(again.Text(), expected);
+            EXPECT_LE(listing.count, listing.capacity);
+            EXPECT_TRUE(expected.starts_with(listing.Names())) << listing.Names();
+            EXPECT_TRUE(!outcome.happened || (listing.point == given && listing.more == 7));
+            giveBack(listing);
+            EXPECT_EQ(list(again), result);
+            EXPECT_EQ(again.Names(), expected);
+            giveBack(again);
             return outcome.happened;
         });
     }

@@ -115,17 +115,6 @@ void ReadProperties(const char* entries, DWORD count, bool oneStep, HostSymbol& 
         symbol.deviation += " the kind is " + symbol.kindName;
 }
 
-// As the compiler of the plug-in deletes an array whose entries have a destructor.
-void ReleaseProperties(char* entries, DWORD count, HostSymbol& symbol)
-{
-    char* block = entries - sizeof(std::size_t);
-    if (ReadAt<DWORD>(block, 0) != count)
-        symbol.deviation += " the array counts other entries";
-    for (DWORD i = 0; i < count; ++i)
-        VariantClear(reinterpret_cast<VARIANT*>(entries + i * kEntryBytes + kEntryValue));
-    ::operator delete[](block);
-}
-
 std::string DescribeValue(const HostSymbol& symbol)
 {
     std::string code = TypeCodeName(symbol.typeCode);
@@ -194,26 +183,40 @@ std::string HostSymbol::Text() const
     return deviation.empty() ? text : text + " DEVIATION:" + deviation;
 }
 
+CHostLookup::~CHostLookup()
+{
+    std::free(descriptor);
+    if (!properties)
+        return;
+    // As the compiler of the plug-in deletes an array whose entries have a destructor.
+    char* const entries = static_cast<char*>(properties);
+    for (DWORD i = 0; i < count; ++i)
+        VariantClear(reinterpret_cast<VARIANT*>(entries + i * kEntryBytes + kEntryValue));
+    ::operator delete[](entries - sizeof(std::size_t));
+}
+
+HRESULT CHostLookup::Ask(const CHostTable& table, LPCSTR name, DWORD selector)
+{
+    return table->SearchAndGetFF(selector, name, address, comment, &descriptor, &count, &properties);
+}
+
 HostSymbol CHostTable::Resolve(const char* name) const
 {
     HostSymbol symbol;
-    CString address;
-    CString comment;
-    void* descriptor = nullptr;
-    void* properties = nullptr;
-    DWORD count = 0;
-    symbol.result = symb->SearchAndGetFF(0, name, address, comment, &descriptor, &count, &properties);
+    CHostLookup lookup;
+    symbol.result = lookup.Ask(*this, name);
     symbol.messages = TakeMessages();
     if (symbol.result != 0) {
-        if (descriptor || properties || count != 0)
+        if (lookup.descriptor || lookup.properties || lookup.count != 0)
             symbol.deviation = " outputs are set";
         return symbol;
     }
-    symbol.address = address.View();
-    symbol.comment = comment.View();
-    ReadDescriptor(descriptor, symbol);
-    std::free(descriptor);
-    ReadProperties(static_cast<char*>(properties), count, IsOneStep(name), symbol);
-    ReleaseProperties(static_cast<char*>(properties), count, symbol);
+    symbol.address = lookup.address.View();
+    symbol.comment = lookup.comment.View();
+    ReadDescriptor(lookup.descriptor, symbol);
+    const char* const entries = static_cast<const char*>(lookup.properties);
+    ReadProperties(entries, lookup.count, IsOneStep(name), symbol);
+    if (ReadAt<DWORD>(entries - sizeof(std::size_t), 0) != lookup.count)
+        symbol.deviation += " the array counts other entries";
     return symbol;
 }

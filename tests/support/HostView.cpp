@@ -73,7 +73,7 @@ std::string Narrow(LPCWSTR text)
     return narrow;
 }
 
-CHostElements::CHostElements(DWORD limit) : capacity(limit)
+CHostListing::CHostListing(DWORD maxElements) : limit(maxElements), capacity(maxElements)
 {
     if (limit == 0)
         return;
@@ -81,25 +81,50 @@ CHostElements::CHostElements(DWORD limit) : capacity(limit)
     std::memset(array, 0xCD, limit * ElementLayout::kBytes);
 }
 
-CHostElements::~CHostElements()
+CHostListing::~CHostListing()
 {
     for (DWORD i = 0; i < count; ++i) {
-        const char* record = static_cast<const char*>(array) + i * ElementLayout::kBytes;
-        CoTaskMemFree(ReadAt<void*>(record, ElementLayout::kName));
-        CoTaskMemFree(ReadAt<void*>(record, ElementLayout::kItemId));
+        CoTaskMemFree(const_cast<LPWSTR>(NameAt(i)));
+        CoTaskMemFree(const_cast<LPWSTR>(ItemIdAt(i)));
     }
     CoTaskMemFree(array);
 }
 
-HostElement CHostElements::Read(DWORD index) const
+HRESULT CHostListing::Run(const CHostTable& table, const HostBrowse& request)
+{
+    return table->BrowseSymbolsWithProperties(request.filter, request.pattern, request.varType, request.path, 0, 0,
+                                              request.branchesOnly, request.leaves, request.branches,
+                                              static_cast<LONG>(request.fields.size()), request.fields.data(),
+                                              reinterpret_cast<LPCWSTR>(request.parentId), passed.point, limit, 0, 0, 0,
+                                              0, passed.more, passed.count, passed.array, passed.capacity, nullptr);
+}
+
+LPCWSTR CHostListing::NameAt(DWORD index) const
+{
+    return ReadAt<LPCWSTR>(array, index * ElementLayout::kBytes + ElementLayout::kName);
+}
+
+LPCWSTR CHostListing::ItemIdAt(DWORD index) const
+{
+    return ReadAt<LPCWSTR>(array, index * ElementLayout::kBytes + ElementLayout::kItemId);
+}
+
+HostElement CHostListing::Read(DWORD index) const
 {
     const char* record = static_cast<const char*>(array) + index * ElementLayout::kBytes;
     for (std::size_t i = ElementLayout::kReserved; i < ElementLayout::kReservedEnd; ++i) {
         if (record[i] != 0)
             throw std::runtime_error("byte " + std::to_string(i) + " of a browse element is not zero");
     }
-    return {Narrow(ReadAt<LPCWSTR>(record, ElementLayout::kName)),
-            Narrow(ReadAt<LPCWSTR>(record, ElementLayout::kItemId)), ReadAt<DWORD>(record, ElementLayout::kKind)};
+    return {Narrow(NameAt(index)), Narrow(ItemIdAt(index)), ReadAt<DWORD>(record, ElementLayout::kKind)};
+}
+
+std::string CHostListing::Names() const
+{
+    std::string joined;
+    for (DWORD i = 0; i < count; ++i)
+        joined += (i ? ", " : "") + Read(i).name;
+    return joined;
 }
 
 std::string HostPage::Text() const
@@ -167,25 +192,20 @@ std::string CHostTable::Browse(const HostBrowse& request) const
 
 HostPage CHostTable::BrowsePage(const HostBrowse& request, DWORD limit, const std::string& continuation) const
 {
-    CHostElements elements(limit);
-    HostPage page;
-    DWORD more = 0;
+    CHostListing listing(limit);
     std::u16string wide(continuation.size() + 1, u'\0');
     MultiByteToWideChar(CP_UTF8, 0, continuation.c_str(), -1, reinterpret_cast<LPWSTR>(wide.data()),
                         static_cast<int>(wide.size()));
-    LPWSTR given = continuation.empty() ? nullptr : reinterpret_cast<LPWSTR>(wide.data());
-    LPWSTR point = given;
-    page.result = symb->BrowseSymbolsWithProperties(
-        request.filter, request.pattern, request.varType, request.path, 0, 0, request.branchesOnly, request.leaves,
-        request.branches, static_cast<LONG>(request.fields.size()), request.fields.data(),
-        reinterpret_cast<LPCWSTR>(request.parentId), &point, limit, 0, 0, 0, 0, &more, &elements.count, &elements.array,
-        &elements.capacity, nullptr);
-    page.more = more == 1;
-    for (DWORD i = 0; i < elements.count; ++i)
-        page.elements.push_back(elements.Read(i));
-    if (point != given) {
-        page.continuation = Narrow(point);
-        CoTaskMemFree(point);
+    const LPWSTR given = continuation.empty() ? nullptr : reinterpret_cast<LPWSTR>(wide.data());
+    listing.point = given;
+    HostPage page;
+    page.result = listing.Run(*this, request);
+    page.more = listing.more == 1;
+    for (DWORD i = 0; i < listing.count; ++i)
+        page.elements.push_back(listing.Read(i));
+    if (listing.point != given) {
+        page.continuation = Narrow(listing.point);
+        CoTaskMemFree(listing.point);
     }
     return page;
 }

@@ -143,22 +143,53 @@ struct HostPage
     std::string Text() const;
 };
 
-// The array of elements of one property browse, released as the contract says.
-class CHostElements
-{
-public:
-    // Room for `limit` elements, its bytes not zero; 0: the library makes the room.
-    explicit CHostElements(DWORD limit);
-    CHostElements(const CHostElements&) = delete;
-    CHostElements& operator=(const CHostElements&) = delete;
-    ~CHostElements();
+class CHostTable;
 
+// One lookup with the host's variables at hand; gives back what they hold.
+struct CHostLookup
+{
+    CHostLookup() = default;
+    CHostLookup(const CHostLookup&) = delete;
+    CHostLookup& operator=(const CHostLookup&) = delete;
+    ~CHostLookup();
+
+    HRESULT Ask(const CHostTable& table, LPCSTR name, DWORD selector = 0);
+
+    CString address, comment;
+    void *descriptor = nullptr, *properties = nullptr;
+    DWORD count = 0;
+};
+
+// Property browses with the host's variables at hand; gives back the elements and their array.
+struct CHostListing
+{
+    // Room for `maxElements` elements, its bytes not zero; 0: the library makes the room.
+    explicit CHostListing(DWORD maxElements = 0);
+    CHostListing(const CHostListing&) = delete;
+    CHostListing& operator=(const CHostListing&) = delete;
+    ~CHostListing();
+
+    HRESULT Run(const CHostTable& table, const HostBrowse& request = {});
+
+    // A text of an element: its name, or its item identifier.
+    LPCWSTR NameAt(DWORD index) const;
+    LPCWSTR ItemIdAt(DWORD index) const;
     // Throws std::runtime_error when a reserved field is not zero.
     HostElement Read(DWORD index) const;
+    std::string Names() const;
 
+    DWORD limit, capacity;
     void* array = nullptr;
     DWORD count = 0;
-    DWORD capacity = 0;
+    DWORD more = 7;         // no value of the library's
+    LPWSTR point = nullptr; // stays with the caller
+    struct
+    {
+        LPWSTR* point;
+        DWORD *more, *count;
+        void** array;
+        DWORD* capacity;
+    } passed{&point, &more, &count, &array, &capacity};
 };
 
 // One symbol table of a host, from NewSymb to DeleteSymb.

@@ -94,46 +94,11 @@ TEST(SmallOperations, AFailedLoadRecordsItsArguments)
     EXPECT_EQ(table->GetSourceName(), "");
 }
 
-// One of each shape of the records that a host reads by offset.
-const char kPlant[] = "TYPE Motor STRUCT SPEED INT @4 size 2 'rpm' ROW ARRAY[0..3] OF REAL @8 size 16 END\n"
-                      "VAR W1 WORD AT %MW10 block 5 @20 size 2 access 1 customer \"line 1\" 'first word'\n"
-                      "VAR FLAG BOOL AT %MW3.11 block 5 @21 size 1 bit 3\n"
-                      "VAR M1 Motor block 300 @200 size 24 access 3 customer \"\xC3\xA9\"\n"
-                      "VAR FAR INT AT %MW0 block 65535 @4294967295 size 2\n";
-
-const std::pair<const char*, const char*> kLookups[] = {
-    {"W1", "WORD +20 size 2 block 5 access 1 at %MW10 'first word' customer \"line 1\""},
-    {"w1.15", "WORD as BOOL +20 size 2 block 5 bit 15 access 1 at %MW10.15 'first word' customer \"line 1\""},
-    {"FLAG", "BOOL +20 size 2 block 5 bit 11 at %MW3.11"},
-    {"M1.SPEED", "INT +204 size 2 block 300 access 2 'rpm' customer \"\xC3\xA9\""},
-    {"M1.ROW", "ARRAY[0..3] OF REAL as REAL[] +208 size 16 block 300 access 2 customer \"\xC3\xA9\""},
-    {"FAR", "INT +2147483647 size 2 block 65535 at %MW0"}, // numbers of the export have 32 bits with a sign
-    {"W1.16", "refused, silent"},
-    {"M1.NONE", "E_INVALIDARG, silent"},
-    {"None", "refused: KorvaPro Reader <plant.kds> :SearchAndGetFF: invalid type for None"},
-    {"%s%n%d", "refused: KorvaPro Reader <plant.kds> :SearchAndGetFF: invalid type for %s%n%d"},
-};
-
-TEST(Records, ReadAsTheHostsDocumentsSay)
-{
-    CTemporaryFolder folder;
-    CRecordingSink sink;
-    CHostTable table(sink);
-    ASSERT_EQ(table.Load(WriteExport(folder, kPlant)), 0);
-    EXPECT_EQ(table.TakeMessages(), "");
-    for (const auto& [name, answer] : kLookups)
-        EXPECT_EQ(table.Lookup(name), answer) << name;
-    EXPECT_EQ(table.BrowsePage({.parentId = u"PLC"}, 3).Text(), "W1=PLC!W1, FLAG=PLC!FLAG, M1=PLC!M1 > ...");
-    EXPECT_EQ(table.BrowsePages({.path = "M1", .parentId = u"PLC!M1"}, 1).Text(),
-              "SPEED=PLC!M1.SPEED, ROW=PLC!M1.ROW >");
-    EXPECT_EQ(table.Browse({.fields = "AC"}), "W1|%MW10|first word, FLAG|%MW3.11|, FAR|%MW0|");
-}
-
 TEST(Records, OutputsOfALookupThatFails)
 {
     CTemporaryFolder folder;
     CHostTable table;
-    ASSERT_EQ(table.Load(WriteExport(folder, kPlant)), 0);
+    ASSERT_EQ(table.Load(WriteExport(folder, "TYPE Motor STRUCT SPEED INT END VAR W1 WORD AT %MW10 VAR M1 Motor")), 0);
     CString address("kept"), comment("too");
     int marker = 0;
     void *descriptor = &marker, *properties = &marker;

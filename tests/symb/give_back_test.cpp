@@ -28,26 +28,20 @@ TEST(GiveBack, WorksInAnyOrder)
         ASSERT_EQ(table->Load(path), 0);
         std::vector<std::function<void()>> releases; // of what the host still holds
         for (const char* name : {"W1", "W1.3", "M1.SPEED", "M1.GRID[1][2]", "ROW[2]"}) {
-            CString address, comment;
-            void *descriptor = nullptr, *properties = nullptr;
-            DWORD count = 0;
-            ASSERT_EQ((*table)->SearchAndGetFF(0, name, address, comment, &descriptor, &count, &properties), 0);
-            releases.emplace_back([descriptor] { std::free(descriptor); });
-            releases.emplace_back([properties] { delete[] static_cast<PropertyEntry*>(properties); });
-            releases.emplace_back([text = address]() mutable { text.Empty(); });
-            releases.emplace_back([text = comment]() mutable { text.Empty(); });
+            const auto lookup = std::make_shared<CHostLookup>();
+            ASSERT_EQ(lookup->Ask(*table, name), 0);
+            releases.emplace_back([lookup] { std::free(std::exchange(lookup->descriptor, nullptr)); });
+            releases.emplace_back(
+                [lookup] { delete[] static_cast<PropertyEntry*>(std::exchange(lookup->properties, nullptr)); });
+            releases.emplace_back([text = lookup->address]() mutable { text.Empty(); });
+            releases.emplace_back([lookup] { lookup->comment.Empty(); });
         }
         for (const char* listed : {"", "M1", "M1.GRID", "ROW"}) {
             for (DWORD limit = 0; limit < 3; ++limit) {
-                LPWSTR point = nullptr;
-                DWORD more = 0;
-                const auto elements = std::make_shared<CHostElements>(limit);
-                ASSERT_EQ((*table)->BrowseSymbolsWithProperties("", "*", 0, listed, 0, 0, 0, 1, 1, 0, nullptr, nullptr,
-                                                                &point, limit, 0, 0, 0, 0, &more, &elements->count,
-                                                                &elements->array, &elements->capacity, nullptr),
-                          0);
-                releases.emplace_back([elements] { elements->Read(0); });
-                releases.emplace_back([point] { CoTaskMemFree(point); });
+                const auto listing = std::make_shared<CHostListing>(limit);
+                ASSERT_EQ(listing->Run(*table, {.path = listed}), 0);
+                releases.emplace_back([listing] { listing->Read(0); });
+                releases.emplace_back([point = listing->point] { CoTaskMemFree(point); });
             }
         }
         if (round % 2)

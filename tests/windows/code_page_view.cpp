@@ -44,27 +44,18 @@ void ShowLookup(const CHostTable& table, const std::string& name)
     std::printf("messages %s\n", Escaped(table.TakeMessages().c_str()).c_str());
 }
 
-LPCWSTR TextAt(const CHostElements& elements, DWORD element, std::size_t offset)
-{
-    constexpr std::size_t kElementBytes = 32;
-    return *reinterpret_cast<LPCWSTR const*>(static_cast<const char*>(elements.array) + element * kElementBytes +
-                                             offset);
-}
-
 // One page of at most `limit` elements; returns the point at which the next one begins, null when there is none. The
 // caller frees it.
 LPWSTR ShowPage(const CHostTable& table, DWORD limit, LPWSTR point)
 {
-    CHostElements elements(limit);
-    DWORD more = 0;
+    CHostListing page(limit);
     const LPWSTR given = point;
-    const HRESULT result =
-        table->BrowseSymbolsWithProperties("", "*", 0, "", 0, 0, FALSE, TRUE, TRUE, 0, "", nullptr, &point, limit, 0, 0,
-                                           0, 0, &more, &elements.count, &elements.array, &elements.capacity, nullptr);
-    std::printf("page of %lu: %s, %lu elements\n", limit, ResultName(result).c_str(), elements.count);
-    for (DWORD i = 0; i < elements.count; ++i)
-        std::printf("  name %s, item %s\n", Escaped(TextAt(elements, i, 0)).c_str(),
-                    Escaped(TextAt(elements, i, 4)).c_str());
+    page.point = point;
+    const HRESULT result = page.Run(table);
+    point = page.point;
+    std::printf("page of %lu: %s, %lu elements\n", limit, ResultName(result).c_str(), page.count);
+    for (DWORD i = 0; i < page.count; ++i)
+        std::printf("  name %s, item %s\n", Escaped(page.NameAt(i)).c_str(), Escaped(page.ItemIdAt(i)).c_str());
     if (point == given)
         return nullptr;
     std::printf("  continues at %s\n", Escaped(point).c_str());
@@ -94,14 +85,11 @@ int main(int argc, char** argv)
     for (const std::string& entry : table.BrowseNames({.fields = "C"}))
         std::printf("comment  %s\n", Escaped(entry.c_str()).c_str());
     ShowLookup(table, table.BrowseNames().at(1));
-    CHostElements all(0);
-    DWORD more = 0;
-    LPWSTR none = nullptr;
-    table->BrowseSymbolsWithProperties("", "*", 0, "", 0, 0, FALSE, TRUE, TRUE, 0, "", nullptr, &none, 0, 0, 0, 0, 0,
-                                       &more, &all.count, &all.array, &all.capacity, nullptr);
+    CHostListing all;
+    all.Run(table);
     // A host that turns the name it was given back into narrow text, as most do.
     if (all.count > 1)
-        ShowLookup(table, ToCodePage(TextAt(all, 1, 0)));
+        ShowLookup(table, ToCodePage(all.NameAt(1)));
     const LPWSTR next = ShowPage(table, 1, nullptr);
     if (next)
         CoTaskMemFree(ShowPage(table, 2, next));
