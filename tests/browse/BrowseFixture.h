@@ -1,41 +1,11 @@
-// An export loaded by the built plug-in, and listings of it as texts.
+// Listings and their pages.
 #pragma once
 
-#include "support/ExportBuilder.h"
-#include "support/HostView.h"
-#include "support/RecordingSink.h"
-
-#include <gtest/gtest.h>
+#include "support/LoadedExport.h"
 
 #include <algorithm>
 #include <set>
-#include <string>
-#include <string_view>
 #include <vector>
-
-// No listing sends a message: what the sink holds at the end fails the test.
-struct CLoadedExport
-{
-    explicit CLoadedExport(std::string_view exportText) { EXPECT_EQ(table.Load(WriteExport(folder, exportText)), 0); }
-    CLoadedExport(const CLoadedExport&) = delete;
-    CLoadedExport& operator=(const CLoadedExport&) = delete;
-    ~CLoadedExport() { EXPECT_EQ(table.TakeMessages(), ""); }
-
-    // The names of a property browse, " >" behind each branch.
-    std::string Elements(const HostBrowse& request) const { return Names(table.BrowsePage(request, 0)); }
-
-    static std::string Names(const HostPage& page)
-    {
-        std::string joined = page.result == 0 ? "" : ResultName(page.result);
-        for (const HostElement& element : page.elements)
-            joined += (joined.empty() ? "" : ", ") + element.name + (element.kind == 3 ? " >" : "");
-        return joined + (page.more ? " ..." : "");
-    }
-
-    CTemporaryFolder folder;
-    CRecordingSink sink;
-    CHostTable table{sink};
-};
 
 // Fails unless the listing, and pages of several sizes that each begin where the one before ended, hold these elements
 // as HostPage shows them.

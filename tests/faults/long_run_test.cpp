@@ -12,16 +12,6 @@
 
 namespace {
 
-// Paths of the plant as its listings give them, and some that lead nowhere.
-std::vector<std::string> PathsOf(const CHostTable& table)
-{
-    std::vector<std::string> paths{"", "NOTHING", "W1.99", "M[9", "PID1.NOTHING"};
-    for (std::size_t at = 0; at < paths.size() && paths.size() < 400; ++at)
-        for (const HostElement& element : table.BrowsePage({.path = std::string(paths[at]).c_str()}, 0).elements)
-            paths.push_back(paths[at] + element.itemId.substr(at == 0 ? 1 : 0));
-    return paths;
-}
-
 void AskMixed(const CHostTable& table, const std::vector<std::string>& paths, std::mt19937& random)
 {
     for (int count = 0; count < 500; ++count) {
@@ -61,7 +51,7 @@ TEST(FaultsLongRun, EndsWithTheMemoryItBeganWith)
     const std::string path = folder.WriteFile("plant.kds", ReadWholeFile(EXAMPLES_DIR "/plant.kds"));
     CHostTable kept(sink); // asked all the time
     ASSERT_EQ(kept.Load(path), 0);
-    const std::vector<std::string> paths = PathsOf(kept);
+    const std::vector<std::string> paths = kept.Paths({"", "NOTHING", "W1.99", "M[9", "PID1.NOTHING"}, 400);
     ASSERT_GT(paths.size(), 200u);
     for (const std::string& asked : paths) { // what requests make once: upper-case names, room in the sink
         kept.Resolve(asked.c_str());

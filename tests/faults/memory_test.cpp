@@ -240,6 +240,8 @@ TEST(FaultsMemory, ListingsAsElementsLeaveAValidArray)
                 << ResultName(outcome.result);
             EXPECT_LE(listing.count, listing.capacity);
             EXPECT_TRUE(expected.starts_with(listing.Names())) << listing.Names();
+            for (DWORD i = 0; i < listing.count; ++i)
+                EXPECT_NE(listing.ItemIdAt(i), nullptr);
             EXPECT_TRUE(!outcome.happened || (listing.point == given && listing.more == 7));
             giveBack(listing);
             EXPECT_EQ(list(again), result);

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
 
 namespace {
@@ -34,21 +33,13 @@ struct CLoadedSymb
     // One request of each kind, each of which must be answered from what was loaded.
     void Ask()
     {
-        CString address, comment;
-        AddressDescriptor* descriptor = nullptr;
-        DWORD count = 0;
-        PropertyEntry* properties = nullptr;
-        EXPECT_EQ(symb.SearchAndGetFF(0, "W1", address, comment, &descriptor, &count, &properties), S_OK);
-        std::free(descriptor);
-        delete[] properties;
-        CStringArray names;
-        EXPECT_EQ(symb.BrowseSymbols("", "*", 0, "", 0, 0, 0, 1, 1, 0, nullptr, &names, nullptr), S_OK);
-        EXPECT_EQ(names.GetSize(), 1);
+        EXPECT_EQ(table.Resolve("W1").result, S_OK);
+        EXPECT_EQ(table.Browse(), "W1");
         // The check comes before the checks of the arguments.
-        EXPECT_EQ(symb.BrowseSymbolsWithProperties("", "*", 0, "", 0, 0, 0, 1, 1, 0, nullptr, nullptr, nullptr, 0, 0, 0,
-                                                   0, 0, nullptr, nullptr, nullptr, nullptr, nullptr),
-                  E_INVALIDARG);
-        EXPECT_EQ(symb.BrowseSymbols(nullptr, "*", 0, "", 0, 0, 0, 1, 1, 0, nullptr, &names, nullptr), E_INVALIDARG);
+        CHostListing listing;
+        listing.passed = {};
+        EXPECT_EQ(listing.Run(table), E_INVALIDARG);
+        EXPECT_EQ(table.Browse({.filter = nullptr}), "E_INVALIDARG");
     }
 
     // How often four requests reopened the database.
@@ -64,6 +55,8 @@ struct CLoadedSymb
     CFakeComponent component{"VAR W1 WORD AT %MW10 size 2"};
     CUnitSink sink;
     CCountingSymb symb;
+    CRecordingSink unused;
+    CHostTable table{unused, reinterpret_cast<CHostSymb&>(static_cast<CSymb&>(symb))};
 };
 
 TEST(ChangeCheck, ReopensAtEachRequestWhileTheTimeDiffers)
@@ -80,11 +73,7 @@ TEST(ChangeCheck, ReopensAtEachRequestWhileTheTimeDiffers)
     EXPECT_EQ(loaded.AskAndCount(), 0);
 
     ShiftFileTime(loaded.path, 10); // a selector that is refused checks nothing
-    CString text;
-    AddressDescriptor* descriptor = nullptr;
-    DWORD count = 0;
-    PropertyEntry* properties = nullptr;
-    EXPECT_EQ(loaded.symb.SearchAndGetFF(2, "W1", text, text, &descriptor, &count, &properties), E_INVALIDARG);
+    EXPECT_EQ(CHostLookup().Ask(loaded.table, "W1", 2), E_INVALIDARG);
     EXPECT_EQ(loaded.symb.reopened, 0);
 }
 

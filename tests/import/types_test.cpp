@@ -77,15 +77,4 @@ TEST(ImportedVariables, AreThoseOfKnownTypes)
     }
 }
 
-TEST(ImportedVariables, KeepTheCaseOfTheirTypeOnlyWhenItIsDerived)
-{
-    CImport import(
-        "TYPE Motor STRUCT SPEED INT END VAR A Int AT %MW1 VAR M MOTOR VAR T ARRAY[0..1,0..9] OF Real 'row'");
-    import.Load();
-    EXPECT_EQ(import.table.Lookup("a"), "INT +0 size 0 at %MW1");
-    std::string dump = import.DumpedText();
-    EXPECT_NE(dump.find("XMLItem M///Motor/208 2011 (0,0)-0 : FF 3/"), std::string::npos) << dump;
-    EXPECT_NE(dump.find("XMLItem T/row//%TEMP_ARRAY1/5511088 2004 (0,0)-0 : FF 3/"), std::string::npos) << dump;
-}
-
 } // namespace

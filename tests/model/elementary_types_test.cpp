@@ -1,4 +1,5 @@
 // Names of types and what the classifiers make of them.
+#include "support/GeneratedProject.h"
 #include "support/Split.h"
 #include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTArrayDef.h"
@@ -62,60 +63,32 @@ std::string OfValue(CString typeName)
     return Codes(typeCode, size);
 }
 
-struct ElementaryCase
-{
-    const char* name;
-    const char* value;         // code and size
-    const char* scalar;        // code and variant type of a variable or member
-    const char* arrayVariable; // the same of an array
-    const char* arrayMember;
-    const char* elements; // code of an array definition, variant type of its elements
-};
-
-const ElementaryCase kElementary[] = {
-    {"BOOL", "2290148/1", "2290148/B", "2291088/200B", "2291088/200B", "2291088/B"},
-    {"EBOOL", "4290148/1", "4290148/B", "4291088/200B", "4291088/200B", "4291088/B"},
-    {"BYTE", "1290148/1", "1290148/11", "208/2011", "208/0", "208/11"},
-    {"STRING", "120148/10", "120148/11", "208/2011", "208/0", "208/11"},
-    {"STRING[32]", "120148/20", "120148/11", "208/2011", "208/0", "208/11"},
-    {"WSTRING", "220148/2", "220148/12", "208/2011", "208/0", "22591088/12"},
-    {"UINT", "22590148/2", "22590148/12", "22591088/2012", "22591088/2012", "22591088/12"},
-    {"UDINT", "12590148/4", "12590148/13", "12591088/2013", "12591088/2013", "12591088/13"},
-    {"DINT", "6590148/4", "6590148/3", "6591088/2003", "6591088/2013", "6591088/3"},
-    {"DWORD", "690148/4", "690148/13", "691088/2013", "691088/2013", "12591088/13"},
-    {"TOD", "4040148/4", "4040148/13", "208/2011", "208/0", "12591088/13"},
-    {"TIME", "910148/4", "910148/13", "208/2011", "208/0", "12591088/13"},
-    {"DATE", "2040148/4", "2040148/13", "208/2011", "208/0", "12591088/13"},
-    {"INT", "A590148/2", "A590148/2", "A591088/2002", "A591088/2012", "A591088/2"},
-    {"REAL", "5510148/4", "5510148/4", "5511088/2004", "5511088/2013", "5511088/4"},
-    {"DT", "1040148/8", "1040148/5", "208/2011", "208/0", "208/5"},
-    {"WORD", "A90148/2", "A90148/12", "A91088/2012", "A91088/2012", "22591088/12"},
-};
-
 TEST(ElementaryTypes, HaveTheirCodesInEveryRole)
 {
-    for (const ElementaryCase& row : kElementary) {
+    for (const Elementary& row : kElementary) {
         SCOPED_TRACE(row.name);
+        const std::uint32_t code = row.code << 16 | 0x0148;
+        const std::uint32_t arrayCode = row.ofVariables == 0x2011 ? 0x208 : row.code << 16 | 0x1088;
+        const std::string scalar = Codes(code, row.varType), arrayVariable = Codes(arrayCode, row.ofVariables);
         CSymbXml table;
         MAPOFDDTDEF& types = table.GetTypes();
-        std::string lower(row.name);
-        for (char& c : lower)
-            c = static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
-        EXPECT_EQ(OfValue(row.name), row.value);
-        EXPECT_EQ(OfValue(lower.c_str()), row.value);
-        EXPECT_EQ(OfVariable(row.name, types), row.scalar);
-        EXPECT_EQ(OfVariable(lower.c_str(), types), "208/2011"); // the only one that minds the case
-        EXPECT_EQ(OfMember(lower.c_str(), types), row.scalar);
-        EXPECT_EQ(OfElements(lower.c_str()), row.elements);
-        EXPECT_EQ(OfElementCode(static_cast<std::uint32_t>(std::stoul(row.scalar, nullptr, 16))), row.arrayVariable);
+        const CString name = row.name;
+        const CString lower = InCase(false, row.name).c_str();
+        EXPECT_EQ(OfValue(name), Codes(code, row.size));
+        EXPECT_EQ(OfValue(lower), Codes(code, row.size));
+        EXPECT_EQ(OfVariable(name, types), scalar);
+        EXPECT_EQ(OfVariable(lower, types), "208/2011"); // the only one that minds the case
+        EXPECT_EQ(OfMember(lower, types), scalar);
+        EXPECT_EQ(OfElements(lower),
+                  Codes(row.definitionCode ? row.definitionCode << 16 | 0x1088 : 0x208, row.varType));
+        EXPECT_EQ(OfElementCode(code), arrayVariable);
         EXPECT_TRUE(types.GetDefinitions().IsEmpty());
         // An array written out, one of two dimensions and an array of arrays.
-        const CString name = row.name;
         for (const CString& array :
              {"ARRAY[1..3] OF " + name, "ARRAY[0..1,0..1] OF " + name, "ARRAY[0..1] OF ARRAY[0..1] OF " + name}) {
             EXPECT_EQ(OfValue(array), "no");
-            EXPECT_EQ(OfVariable(array, types), row.arrayVariable) << array.View();
-            EXPECT_EQ(OfMember(array, types), row.arrayMember) << array.View();
+            EXPECT_EQ(OfVariable(array, types), arrayVariable) << array.View();
+            EXPECT_EQ(OfMember(array, types), Codes(arrayCode, row.ofMembers)) << array.View();
             EXPECT_EQ(OfElements(array), "2/0");
         }
     }

@@ -1,6 +1,6 @@
 // Paths below a variable. What every ordinary path of a project resolves to is the plain model's to check; here is
 // whatever is odd.
-#include "resolve/LoadedPlant.h"
+#include "resolve/LookupTables.h"
 
 namespace {
 
@@ -71,7 +71,7 @@ const PlantCase kArrays[] = {
 TEST(CompoundPath, GoesThroughArrays)
 {
     ExpectLookups(kArrays);
-    EXPECT_EQ(CLoadedPlant("VAR V ARRAY[0..3] OF Nowhere size 8").table.Browse({.path = "V[3]"}), "E_INVALIDARG");
+    EXPECT_EQ(CLoadedExport("VAR V ARRAY[0..3] OF Nowhere size 8").table.Browse({.path = "V[3]"}), "E_INVALIDARG");
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // Names of whole variables and of their bits.
-#include "resolve/LoadedPlant.h"
+#include "resolve/LookupTables.h"
 
 namespace {
 
@@ -54,13 +54,13 @@ const LookupCase kNames[] = {
 TEST(PlainName, ResolvesALocatedVariableOrItsBit)
 {
     ExpectLookups(kPlant, kNames);
-    CLoadedPlant plant(kPlant);
+    CLoadedExport plant(kPlant);
     EXPECT_EQ(plant.table.Lookup(nullptr), NOT_FOUND);
 }
 
 TEST(PlainName, FailsSilentlyUnlessVerbose)
 {
-    CLoadedPlant plant(kPlant, FALSE);
+    CLoadedExport plant(kPlant, FALSE);
     for (const char* name : {"Nowhere", "Unlocated", "W1[a]", "Nowhere.X", "W1.X"})
         EXPECT_EQ(plant.table.Lookup(name), kNoSuchBit) << name;
     plant.table->SetVerbose(TRUE);

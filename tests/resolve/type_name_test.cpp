@@ -1,6 +1,6 @@
 // Types whose names are declarations, generated, odd or written in another case.
 #include "import/ImportFixture.h"
-#include "resolve/LoadedPlant.h"
+#include "resolve/LookupTables.h"
 
 namespace {
 
@@ -78,7 +78,7 @@ TEST(TypeName, OfAnArrayHasAtMostTenDimensions)
         {"D.M[0]", kNoSuchPath},
     };
     ExpectLookups(plant, rows);
-    CLoadedPlant loaded(plant);
+    CLoadedExport loaded(plant);
     EXPECT_EQ(loaded.table.Lookup("D.M"), ten + ",0..1] OF INT as structured +2 size 8");
 }
 

@@ -1,5 +1,7 @@
 #include "support/GeneratedProject.h"
 
+#include <iterator>
+
 namespace {
 
 // Some begin like others, some differ in case alone.

@@ -1,4 +1,5 @@
 // What a lookup hands over, read by offset and given back.
+#include "support/Elementary.h"
 #include "support/HostView.h"
 
 #include <algorithm>
@@ -13,16 +14,6 @@ constexpr std::size_t kDescriptorBytes = 76;
 constexpr std::size_t kEntryBytes = kWideRecords ? 32 : 20;
 constexpr std::size_t kEntryValue = kWideRecords ? 8 : 4;
 constexpr std::size_t kValueData = 8; // of the union inside a VARIANT
-
-struct TypeCodeRow
-{
-    const char* name;
-    DWORD identifier; // the high half of the type code
-};
-constexpr TypeCodeRow kTypeCodes[] = {{"BOOL", 0x0229},    {"EBOOL", 0x0429}, {"BYTE", 0x0129},  {"STRING", 0x0012},
-                                      {"WSTRING", 0x0022}, {"UINT", 0x2259},  {"UDINT", 0x1259}, {"DINT", 0x0659},
-                                      {"DWORD", 0x0069},   {"TOD", 0x0404},   {"TIME", 0x0091},  {"DATE", 0x0204},
-                                      {"INT", 0x0A59},     {"REAL", 0x0551},  {"DT", 0x0104},    {"WORD", 0x00A9}};
 
 std::string Hexadecimal(DWORD value)
 {
@@ -156,10 +147,10 @@ std::string TypeCodeName(DWORD typeCode)
         return "structured";
     if (typeCode == 2)
         return "unclassified";
-    for (const TypeCodeRow& row : kTypeCodes) {
-        if (typeCode == (row.identifier << 16 | 0x0148))
+    for (const Elementary& row : kElementary) {
+        if (typeCode == (row.code << 16 | 0x0148))
             return row.name;
-        if (typeCode == (row.identifier << 16 | 0x1088))
+        if (typeCode == (row.code << 16 | 0x1088))
             return row.name + std::string("[]");
     }
     return Hexadecimal(typeCode);

@@ -222,3 +222,11 @@ HostPage CHostTable::BrowsePages(const HostBrowse& request, DWORD limit) const
     } while (all.result == 0 && !continuation.empty());
     return all;
 }
+
+std::vector<std::string> CHostTable::Paths(std::vector<std::string> from, std::size_t enough) const
+{
+    for (std::size_t at = 0; at < from.size() && from.size() < enough; ++at)
+        for (const HostElement& element : BrowsePage({.path = std::string(from[at]).c_str()}, 0).elements)
+            from.push_back(from[at] + element.itemId.substr(from[at].empty() ? 1 : 0)); // behind "!"
+    return from;
+}

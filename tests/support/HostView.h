@@ -221,6 +221,9 @@ public:
     // Every page of at most `limit` elements, joined.
     HostPage BrowsePages(const HostBrowse& request, DWORD limit) const;
 
+    // These paths and what is listed below them, down to the last element, until there are enough.
+    std::vector<std::string> Paths(std::vector<std::string> from, std::size_t enough) const;
+
     // What the sink received since the last call, the export's folder taken off.
     std::string TakeMessages() const;
 

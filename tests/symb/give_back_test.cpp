@@ -13,21 +13,16 @@
 
 namespace {
 
-const char kPlant[] = "TYPE Motor STRUCT SPEED INT @4 size 2 GRID ARRAY[0..1,0..3] OF REAL @8 size 32 END\n"
-                      "VAR W1 WORD AT %MW10 @20 size 2 'a word' customer \"line 1\"\n"
-                      "VAR M1 Motor @200 size 40\n"
-                      "VAR ROW ARRAY[1..4] OF INT @100 size 8\n";
-
 TEST(GiveBack, WorksInAnyOrder)
 {
     std::mt19937 random(1);
     CTemporaryFolder folder;
-    const std::string path = WriteExport(folder, kPlant);
+    const std::string path = folder.WriteFile("plant.kds", ReadWholeFile(EXAMPLES_DIR "/plant.kds"));
     for (int round = 0; round < 20; ++round) {
         auto table = std::make_unique<CHostTable>();
         ASSERT_EQ(table->Load(path), 0);
         std::vector<std::function<void()>> releases; // of what the host still holds
-        for (const char* name : {"W1", "W1.3", "M1.SPEED", "M1.GRID[1][2]", "ROW[2]"}) {
+        for (const char* name : {"W1", "W1.3", "MOTOR1.SPEED", "M[1][2]", "TAB[3]"}) {
             const auto lookup = std::make_shared<CHostLookup>();
             ASSERT_EQ(lookup->Ask(*table, name), 0);
             releases.emplace_back([lookup] { std::free(std::exchange(lookup->descriptor, nullptr)); });
@@ -36,7 +31,7 @@ TEST(GiveBack, WorksInAnyOrder)
             releases.emplace_back([text = lookup->address]() mutable { text.Empty(); });
             releases.emplace_back([lookup] { lookup->comment.Empty(); });
         }
-        for (const char* listed : {"", "M1", "M1.GRID", "ROW"}) {
+        for (const char* listed : {"", "MOTOR1", "M", "TAB"}) {
             for (DWORD limit = 0; limit < 3; ++limit) {
                 const auto listing = std::make_shared<CHostListing>(limit);
                 ASSERT_EQ(listing->Run(*table, {.path = listed}), 0);
@@ -50,7 +45,7 @@ TEST(GiveBack, WorksInAnyOrder)
         for (; !releases.empty(); releases.pop_back())
             releases.back()();
         if (table) {
-            EXPECT_EQ(table->Lookup("ROW[4]"), "INT +106 size 2") << round;
+            EXPECT_EQ(table->Resolve("TAB[3]").result, 0) << round;
         }
     }
 }

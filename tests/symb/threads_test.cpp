@@ -173,22 +173,13 @@ std::string Ask(const CHostTable& table, const std::string& path, int kind)
     }
 }
 
-// Every symbol of the plant down to its elements, and names that fail.
-std::vector<std::string> PathsOf(const CHostTable& table)
-{
-    std::vector<std::string> paths{"", "NOTHING", "W1.99", "M[9", "W1[1]", "PID1.NOTHING"};
-    for (std::size_t at = 0; at < paths.size() && paths.size() < 250; ++at)
-        for (const HostElement& element : table.BrowsePage({.path = std::string(paths[at]).c_str()}, 0).elements)
-            paths.push_back(paths[at] + element.itemId.substr(at == 0 ? 1 : 0));
-    return paths;
-}
-
 using Answers = std::vector<std::pair<std::pair<std::string, int>, std::string>>;
 
 Answers AskEverything(const CHostTable& table)
 {
     Answers answers;
-    for (const std::string& path : PathsOf(table))
+    // Every symbol of the plant down to its elements, and names that fail.
+    for (const std::string& path : table.Paths({"", "NOTHING", "W1.99", "M[9", "W1[1]", "PID1.NOTHING"}, 250))
         for (int kind = 0; kind < 5; ++kind)
             answers.push_back({{path, kind}, Ask(table, path, kind)});
     return answers;

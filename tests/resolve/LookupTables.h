@@ -1,28 +1,11 @@
-// An export loaded by the built plug-in, and tables of what its symbols resolve to.
+// Tables of what its symbols resolve to.
 #pragma once
 
-#include "support/ExportBuilder.h"
-#include "support/HostView.h"
-#include "support/RecordingSink.h"
+#include "support/LoadedExport.h"
 #include "support/Split.h"
-#include "support/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
 
 #include <span>
-
-struct CLoadedPlant
-{
-    explicit CLoadedPlant(std::string_view exportText, BOOL verbose = TRUE)
-    {
-        EXPECT_EQ(table.Load(WriteExport(folder, exportText), verbose), 0);
-        EXPECT_EQ(table.TakeMessages(), "");
-    }
-
-    CTemporaryFolder folder;
-    CRecordingSink sink;
-    CHostTable table{sink};
-};
+#include <vector>
 
 struct LookupCase
 {
@@ -32,7 +15,7 @@ struct LookupCase
 
 inline void ExpectLookups(std::string_view exportText, std::span<const LookupCase> rows)
 {
-    CLoadedPlant plant(exportText);
+    CLoadedExport plant(exportText);
     for (const LookupCase& row : rows)
         for (const std::string& name : Split(row.names))
             EXPECT_EQ(plant.table.Lookup(name.c_str()), row.text) << name;
