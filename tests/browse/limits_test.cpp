@@ -3,8 +3,8 @@
 
 #include "platform/mfc/Exceptions.h"
 #include "support/FakeComponent.h"
+#include "support/InProcessTable.h"
 #include "symbkds/browse/BrowseRequest.h"
-#include "symbkds/frame/CSymbXml.h"
 #include "symbkds/model/CSymbXMLDDTStructDef.h"
 
 #include <chrono>
@@ -117,30 +117,22 @@ private:
 
 TEST(BrowseLimits, AnExceptionEndsATextListingAndPassesAPropertyListing)
 {
-    const std::function<void()> throwers[] = {
-        [] { throw std::runtime_error("broken"); },
-        [] { throw std::bad_alloc(); },
-        [] { AfxThrowMemoryException(); },
-        [] { throw 1; },
+    const std::pair<std::function<void()>, const char*> throwers[] = {
+        {[] { throw std::runtime_error("broken"); }, "broken"},
+        {[] { throw std::bad_alloc(); }, "memory"},
+        {[] { AfxThrowMemoryException(); }, "memory"},
+        {[] { throw 1; }, "number"},
     };
-    for (const std::function<void()>& thrower : throwers) {
-        CFakeComponent component("TYPE Odd STRUCT A INT END VAR V Odd AT %MW1 size 2");
-        CTemporaryFolder folder;
-        CSymbXml symb;
-        ASSERT_EQ(symb.Init(folder.WriteFile("plant.kds", "").c_str(), nullptr, TRUE, nullptr, 0), 0);
-        symb.GetTypes().AddTypeDef("odd", std::make_unique<CBrokenDef>(thrower));
-
-        CStringArray names;
-        EXPECT_EQ(symb.BrowseSymbols("", "*", 0, "V", 0, 0, FALSE, TRUE, TRUE, 0, nullptr, &names, nullptr), S_OK);
-        ASSERT_EQ(names.GetSize(), 1);
-        EXPECT_EQ(names[0], "A");
-
-        DWORD more = 7, count = 0, capacity = 0;
-        BrowseElement* elements = nullptr;
+    CFakeComponent component("TYPE Odd STRUCT A INT END VAR V Odd AT %MW1 size 2");
+    for (const auto& [thrower, name] : throwers) {
+        CInProcessTable plant;
+        ASSERT_EQ(plant.table.Load("plant.kds"), 0);
+        plant.symb.GetTypes().AddTypeDef("odd", std::make_unique<CBrokenDef>(thrower));
+        EXPECT_EQ(plant.table.Browse({.path = "V"}), "A");
+        CHostListing listing;
         std::string caught = "nothing";
         try {
-            symb.BrowseSymbolsWithProperties("", "*", 0, "V", 0, 0, FALSE, TRUE, TRUE, 0, nullptr, nullptr, nullptr, 0,
-                                             0, 0, 0, 0, &more, &count, &elements, &capacity, nullptr);
+            listing.Run(plant.table, {.path = "V"});
         } catch (const CMemoryException&) {
             caught = "memory";
         } catch (const std::runtime_error& error) {
@@ -148,10 +140,9 @@ TEST(BrowseLimits, AnExceptionEndsATextListingAndPassesAPropertyListing)
         } catch (int) {
             caught = "number";
         }
-        const char* expected[] = {"broken", "memory", "memory", "number"};
-        EXPECT_EQ(caught, expected[&thrower - throwers]);
-        EXPECT_EQ(elements, nullptr);
-        std::thread([&symb] { symb.GetSourceName(); }).join(); // the lock is free again
+        EXPECT_EQ(caught, name);
+        EXPECT_EQ(listing.array, nullptr);
+        std::thread([&plant] { plant.symb.GetSourceName(); }).join(); // the lock is free again
     }
 }
 

@@ -23,6 +23,7 @@ public:
     {
         constexpr VARTYPE kVarTypes[] = {0, 2, 0, 11, 0, 18, 0, 0x2002, 0, 0x2011, 0, 0x2012, 0, 0x200B};
         constexpr const char* kFilters[] = {"", "x%ULx", "", "%ul"};
+        constexpr const char16_t* kParents[] = {nullptr, u"P", u"", u"\u00C4\u4E2D\U0001F4A7"};
         constexpr const char* kFields[] = {"", "A", "CxaA"};
         rest = number++;
         HostBrowse request{.path = path, .branchesOnly = Flag(), .leaves = Flag(), .branches = Flag()};
@@ -31,7 +32,7 @@ public:
         request.filter = kFilters[Digit(std::size(kFilters))];
         request.varType = kVarTypes[Digit(std::size(kVarTypes))];
         request.fields = kFields[Digit(std::size(kFields))];
-        request.parentId = Digit(2) ? u"P" : nullptr;
+        request.parentId = kParents[Digit(std::size(kParents))];
         return request;
     }
 
@@ -69,9 +70,10 @@ std::string Joined(const Listing& texts)
 
 std::vector<std::string> Shown(const Listing& elements, const HostBrowse& request)
 {
+    const std::string parent = request.parentId ? Narrow(reinterpret_cast<LPCWSTR>(request.parentId)) : "";
     std::vector<std::string> shown;
     for (const Entry& entry : elements)
-        shown.push_back(entry.text + "=" + (request.parentId ? "P" : "") + entry.id + (entry.branch ? " >" : ""));
+        shown.push_back(entry.text + "=" + parent + entry.id + (entry.branch ? " >" : ""));
     return shown;
 }
 
@@ -100,7 +102,8 @@ public:
     {
         for (std::size_t i = 0; i < kRequestsEach && !testing::Test::HasFatalFailure(); ++i) {
             const Place& place = places[project.Draw(places.size())];
-            const std::string path = project.Draw(3) ? place.path : InCase(project.Draw(2), place.path);
+            const std::string dot = project.Draw(8) ? "" : ".";
+            const std::string path = dot + (project.Draw(3) ? place.path : InCase(project.Draw(2), place.path));
             switch (project.Draw(5)) {
             case 0:
                 CheckRoot();
@@ -177,6 +180,12 @@ private:
             ASSERT_EQ(symbols.table.BrowsePage(request, 0).Text(), elements) << Show(request);
             ASSERT_EQ(symbols.table.Browse(request), Joined(later)) << Show(request);
         }
+        // Not quite an entry: nothing resumes there.
+        const std::string point = later.empty() ? "nothing" : later[project.Draw(later.size())].text;
+        for (const std::string& odd : {point + "x", "x" + point, point.substr(0, point.size() - 1)})
+            if (!odd.empty() && std::ranges::find(later, odd, &Entry::text) == later.end()) {
+                ASSERT_EQ(symbols.table.BrowsePage(request, project.Draw(3), odd).Text(), "") << Show(request) << odd;
+            }
         compared += first.size() + later.size();
     }
 

@@ -98,44 +98,11 @@ TEST(Threads, AnExceptionOfTheSinkLeavesTheObjectUnlocked)
     std::thread([&] { EXPECT_EQ(table.Resolve("NOTHING").result, -1); }).join();
 }
 
-const char kPlant[] = "TYPE Motor STRUCT SPEED INT @4 size 2 GRID ARRAY[0..1,0..3] OF REAL @8 size 32 END\n"
-                      "VAR W1 WORD AT %MW10 @20 size 2\n"
-                      "VAR M1 Motor @200 size 40\n"
-                      "VAR ROW ARRAY[1..4] OF INT @100 size 8\n";
-
-void CheckPlant(const CHostTable& table)
-{
-    EXPECT_EQ(table.Lookup("w1.3"), "WORD as BOOL +20 size 2 bit 3 at %MW10.3");
-    EXPECT_EQ(table.Lookup("M1.GRID[1][2]"), "REAL +232 size 4");
-    EXPECT_EQ(table.Lookup("M1.NOTHING"), "E_INVALIDARG, silent");
-    EXPECT_EQ(table.Browse({.path = "ROW"}), "ROW[1], ROW[2], ROW[3], ROW[4]");
-    EXPECT_EQ(table.BrowsePages({}, 2).Text(), "W1=!W1, M1=!M1 >, ROW=!ROW >");
-    EXPECT_EQ(table->GetHeaderName(), "Unknwow");
-}
-
-TEST(Threads, ShareOneObjectAndLoadOthers)
-{
-    CTemporaryFolder folder;
-    CHostTable table;
-    const std::string path = WriteExport(folder, kPlant);
-    ASSERT_EQ(table.Load(path), 0);
-    const auto work = [&] {
-        for (int round = 0; round < 50; ++round) {
-            CheckPlant(table);
-            table->SetVerbose(round % 2);
-        }
-        CHostTable own;
-        EXPECT_EQ(own.Load(path, FALSE, folder.Path()), 0); // all write the same dump
-        CheckPlant(own);
-    };
-    RunTogether({work, work, work, work});
-}
-
 TEST(Threads, UseTheComponentOneAfterTheOther)
 {
     CTemporaryFolder folder;
     std::string path = folder.WriteFile("plant.kds", "");
-    CFakeComponent fake(kPlant);
+    CFakeComponent fake("TYPE Motor STRUCT SPEED INT END VAR M1 Motor VAR ROW ARRAY[1..4] OF INT");
     CHostTable().Load(path);
     std::string one = fake.TakeCalls();
     fake.Watch([](const std::string&) { Sleep(0); });
