@@ -1,4 +1,4 @@
-// Tables of what its symbols resolve to.
+// Tables of what the symbols of an export resolve to.
 #pragma once
 
 #include "support/LoadedExport.h"

@@ -1,5 +1,4 @@
 // Types whose names are declarations, generated, odd or written in another case.
-#include "import/ImportFixture.h"
 #include "resolve/LookupTables.h"
 
 namespace {
@@ -80,48 +79,6 @@ TEST(TypeName, OfAnArrayHasAtMostTenDimensions)
     ExpectLookups(plant, rows);
     CLoadedExport loaded(plant);
     EXPECT_EQ(loaded.table.Lookup("D.M"), ten + ",0..1] OF INT as structured +2 size 8");
-}
-
-// Names and element types of the definitions, types of the members and variables, as dumped.
-std::string DumpedTypes(const std::string& exportText)
-{
-    CImport import(exportText);
-    import.Load();
-    std::string shown;
-    const std::vector<std::string> lines = import.DumpedLines();
-    for (std::size_t i = 0; i + 3 < lines.size(); ++i) {
-        if (lines[i].starts_with("DDTArray "))
-            shown += lines[i].substr(9) + " of " + lines[i + 2] + "; ";
-        else if (lines[i].starts_with("DDT/DFB-Member"))
-            shown += lines[i].substr(15) + ":" + lines[i + 2] + "; ";
-        else if (lines[i].starts_with("XMLItem "))
-            shown += lines[i].substr(8) + ":" + lines[i + 3] + "; ";
-    }
-    return shown;
-}
-
-// Exports and the types that they leave.
-const std::pair<const char*, const char*> kDumped[] = {
-    // Generated names count up over types, members and variables; a declaration asked for again draws none. A
-    // declaration of several dimensions is registered once more under itself, with the name of its outermost part.
-    {"TYPE T ARRAY[0..1,0..2,0..3] OF INT TYPE S STRUCT M ARRAY[0..1,0..2] OF Int N ARRAY[0..4] OF INT END\n"
-     "VAR A array[0..1,0..2] of int VAR B ARRAY[0..1,0..3] OF INT VAR C ARRAY[0..4] OF INT VAR D T",
-     "%TEMP_ARRAY0 of INT; %TEMP_ARRAY1 of %TEMP_ARRAY0; T of %TEMP_ARRAY1; %TEMP_ARRAY2 of INT; "
-     "%TEMP_ARRAY3 of %TEMP_ARRAY2; %TEMP_ARRAY3 of %TEMP_ARRAY2; ARRAY[0..4] OF INT of INT; "
-     "M:ARRAY[0..1,0..2] OF Int; N:ARRAY[0..4] OF INT; "
-     "%TEMP_ARRAY4 of INT; %TEMP_ARRAY5 of %TEMP_ARRAY4; %TEMP_ARRAY5 of %TEMP_ARRAY4; "
-     "A:%TEMP_ARRAY3; B:%TEMP_ARRAY5; C:ARRAY[0..4] OF INT; D:T; "},
-    // The element type's name turns upper-case when the array is first classified, parameters behind the first one
-    // when function blocks are taken out.
-    {"TYPE T ARRAY[0..1] OF Real TYPE U ARRAY[0..1] OF Real TYPE S STRUCT A int B Sub END VAR V U\n"
-     "DFB F IN A Int B Int C Sub END",
-     "T of Real; U of REAL; A:int; B:Sub; A:Int; B:INT; C:SUB; V:U; "},
-};
-
-TEST(TypeName, IsGeneratedInTheOrderOfTheExport)
-{
-    for (const auto& [exportText, types] : kDumped)
-        EXPECT_EQ(DumpedTypes(exportText), types) << exportText;
 }
 
 } // namespace
