@@ -48,7 +48,7 @@ build() {
 install_and_move() {
     DESTDIR=$work/stage cmake --install build/release --prefix /opt/symbkds
     mv "$work/stage/opt/symbkds" "$1"
-    equal "cmake pkgconfig symbkds" "$(ls "$1/lib" | xargs)"
+    equal "cmake/ pkgconfig/ symbkds/" "$(cd "$1/lib" && echo */)"
     equal "" "$(find "$1" -type f -size +0 -exec sha256sum {} + | cut -c 1-64 | sort | uniq -d)" # nothing lies there twice
 }
 
@@ -71,6 +71,7 @@ run_program() {
         "$(./symbhost resolve --json "$1/share/doc/symbkds/examples/plant.kds" MOTOR1.SPEED)"
     equal "plug-in    $1/lib/symbkds/libsymbkds.so
 component  $1/lib/symbkds/comservers/$server" "$(./symbhost --version | tail -n 2)"
+    grep -q '^.TH SYMBHOST "1"' "$1/share/man/man1/symbhost.1"
     for command in $(./symbhost --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p'); do
         grep -q "^symbhost $command " "$1/share/man/man1/symbhost.1"
     done
@@ -135,6 +136,8 @@ complete_lines() {
           browse examples/plant.kds UNIT1.PUMP[2].DRIVE.C | UNIT1.PUMP[2].DRIVE.CURRENT
           browse examples/plant.kds M[1                   | M[1]
           resolve examples/plant.kds HEAD_CURVE[3]        | HEAD_CURVE[3].X HEAD_CURVE[3].Y
+          diff examples/plant.kds examples/pl             | examples/plant.kds
+          why --from README examples/plant.kds SITE       | SITE_NAME
           info examples/plant.kds MOTOR1.S                |
           resolve none.kds W                              |'
     while IFS='|' read -r words expected; do

@@ -31,7 +31,7 @@ _symbhost_symbols() {
             COMPREPLY+=("$symbol")
             [[ $kind != branch ]] || branches=$((branches + 1))
         fi
-    done < <(timeout 10 "$1" browse "$2" ${parent:+"$parent"} --dump-dir '' 2>/dev/null)
+    done < <(timeout 10 "$1" browse "$2" ${parent:+"$parent"} 2>/dev/null)
     ((branches == 0)) || compopt -o nospace 2>/dev/null
     # The word is such a symbol itself: go on below it.
     if [[ ${#COMPREPLY[@]} == 1 && ${COMPREPLY[0]} == "$3" && $branches == 1 && $parent != "$3" ]]; then
@@ -40,7 +40,7 @@ _symbhost_symbols() {
 }
 
 _symbhost() {
-    local program current previous command='' help word value=0 i
+    local program current command='' help word value=0 i
     local -a names=() given=()
     program=$(_symbhost_plain "${COMP_WORDS[0]}")
     current=$(_symbhost_plain "${COMP_WORDS[COMP_CWORD]}")

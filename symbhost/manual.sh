@@ -1,9 +1,14 @@
 #!/bin/sh
 # What help2man makes the manual page of: the program's help, and behind it that of each command as a section.
 #
-#   manual.sh PROGRAM --help
+#   manual.sh PROGRAM --help|--version
 set -eu
 program=$1
+
+if [ "$2" = --version ]; then
+    "$program" --version | head -n 1
+    exit
+fi
 
 "$program" --help
 "$program" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p' | while read -r command; do
