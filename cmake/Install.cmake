@@ -9,7 +9,7 @@ endif()
 if(TARGET symbhost_manual)
     install(FILES ${PROJECT_BINARY_DIR}/man/symbhost.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT runtime)
 endif()
-install(FILES docs/export-file.md DESTINATION ${documents} COMPONENT runtime)
+install(FILES docs/install.md docs/export-file.md DESTINATION ${documents} COMPONENT runtime)
 install(FILES examples/plant.kds DESTINATION ${documents}/examples COMPONENT runtime)
 include(Licences)
 
