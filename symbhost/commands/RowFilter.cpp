@@ -13,7 +13,7 @@ bool SameInAnyCase(char a, char b)
 
 bool Holds(std::string_view text, std::string_view part)
 {
-    return !std::ranges::search(text, part, SameInAnyCase).empty() || part.empty();
+    return part.empty() || std::search(text.begin(), text.end(), part.begin(), part.end(), SameInAnyCase) != text.end();
 }
 
 // Takes the first character off `text`, which is UTF-8 and not empty.

@@ -53,9 +53,11 @@ template <class Position, class NameAt>
 std::vector<std::size_t> FindIn(const std::vector<Position>& index, const std::string& upperName, NameAt&& nameAt)
 {
     std::vector<std::size_t> found;
-    for (const Position& entry : std::ranges::equal_range(index, HashOf(upperName), {}, &Position::hash))
-        if (UpperName(nameAt(entry.position)) == upperName)
-            found.push_back(entry.position);
+    const std::size_t hash = HashOf(upperName);
+    for (auto entry = std::ranges::lower_bound(index, hash, {}, &Position::hash);
+         entry != index.end() && entry->hash == hash; ++entry)
+        if (UpperName(nameAt(entry->position)) == upperName)
+            found.push_back(entry->position);
     std::ranges::reverse(found);
     return found;
 }
