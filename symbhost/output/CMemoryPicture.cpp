@@ -113,7 +113,7 @@ CMemoryPicture::CMemoryPicture(std::ostream& target, const std::string& heading,
     stream << "\n@media (prefers-color-scheme: dark){";
     scheme("#0d1117", "#e6edf3", "#9aa4af", &Colour::dark);
     stream << "}\n</style>\n<rect class=\"page\" width=\"100%\" height=\"100%\"/>\n";
-    DrawText(kMargin, 26, "heading", heading);
+    WriteText(kMargin, 26, "heading", heading);
     DrawLegend();
 }
 
@@ -126,11 +126,11 @@ void CMemoryPicture::DrawLegend()
         const double y = 40 + 20 * static_cast<double>(at / kColumns);
         stream << "<rect class=\"sample " << kColours[at].name << "\" x=\"" << Length(x) << "\" y=\"" << Length(y)
                << "\" width=\"14\" height=\"14\"/>";
-        DrawText(x + 20, y + 11, "legend", kColours[at].meaning);
+        WriteText(x + 20, y + 11, "legend", kColours[at].meaning);
     }
 }
 
-void CMemoryPicture::DrawText(double x, double y, const char* style, const std::string& text)
+void CMemoryPicture::WriteText(double x, double y, const char* style, const std::string& text)
 {
     stream << "<text class=\"" << style << "\" x=\"" << Length(x) << "\" y=\"" << Length(y) << "\">" << XmlText(text)
            << "</text>\n";
@@ -140,18 +140,18 @@ void CMemoryPicture::Begin(const PictureStrip& begun)
 {
     strip = &begun;
     segment = 0;
-    DrawText(kMargin, static_cast<double>(strip->y) + 16, "strip",
-             "Block " + std::to_string(strip->block) + ": " + Grouped(strip->usedBytes) + " bytes used, " +
-                 Grouped(strip->bytesPerRow) + " in a row");
+    WriteText(kMargin, static_cast<double>(strip->y) + 16, "strip",
+              "Block " + std::to_string(strip->block) + ": " + Grouped(strip->usedBytes) + " bytes used, " +
+                  Grouped(strip->bytesPerRow) + " in a row");
     for (const PictureSegment& shown : strip->segments) {
         const std::uint64_t rows = strip->RowsOf(shown);
         const std::uint64_t firstOffset = shown.from / strip->bytesPerRow * strip->bytesPerRow;
         for (std::uint64_t row = 0; row < rows; ++row)
-            DrawText(kLeft - 8, static_cast<double>(shown.y + row * kRowHeight) + 12, "dim right",
-                     Grouped(firstOffset + row * strip->bytesPerRow));
+            WriteText(kLeft - 8, static_cast<double>(shown.y + row * kRowHeight) + 12, "dim right",
+                      Grouped(firstOffset + row * strip->bytesPerRow));
         if (&shown != &strip->segments.back())
-            DrawText(kLeft, static_cast<double>(shown.y + rows * kRowHeight) + 12, "dim",
-                     "⋮ " + Grouped((&shown)[1].from - shown.to - 1) + " bytes free");
+            WriteText(kLeft, static_cast<double>(shown.y + rows * kRowHeight) + 12, "dim",
+                      "⋮ " + Grouped((&shown)[1].from - shown.to - 1) + " bytes free");
     }
 }
 
@@ -183,10 +183,11 @@ void CMemoryPicture::Add(const PictureBox& box)
             widest = {x, y, width};
     }
     stream << "\"><title>" << XmlText(box.title) << "</title></path>\n";
-    const std::string label =
-        Shortened(box.label, static_cast<std::size_t>((widest.width - kLabelMargin) / kLetterWidth));
-    if (widest.width > kLabelMargin && !label.empty())
-        DrawText(widest.x + 3, widest.y + 12, "label", label);
+    if (widest.width <= kLabelMargin)
+        return;
+    const auto letters = static_cast<std::size_t>((widest.width - kLabelMargin) / kLetterWidth);
+    if (const std::string label = Shortened(box.label, letters); !label.empty())
+        WriteText(widest.x + 3, widest.y + 12, "label", label);
 }
 
 void CMemoryPicture::Finish()

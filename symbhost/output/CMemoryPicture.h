@@ -49,7 +49,7 @@ public:
 
 private:
     void DrawLegend();
-    void DrawText(double x, double y, const char* style, const std::string& text);
+    void WriteText(double x, double y, const char* style, const std::string& text);
 
     std::ostream& stream;
     const PictureStrip* strip = nullptr;
