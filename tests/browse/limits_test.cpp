@@ -43,8 +43,9 @@ TEST(BrowseLimits, AHugeArrayIsListedToItsLimit)
                   "BIG[104857], BIG[1048570], BIG[1048571], BIG[1048572], BIG[1048573], BIG[1048574], BIG[1048575]");
     });
     const double pages = seconds([&] {
-        for (const char* point : {"", "", "", "", "BIG[524288]", "BIG[524288]", "BIG[1048570]", "BIG[1048570]"})
-            page("BIG", point);
+        for (int round = 0; round < 30; ++round)
+            for (const char* point : {"", "BIG[524288]", "BIG[1048570]"})
+                page("BIG", point);
     });
     EXPECT_LT(pages, whole);
 }
