@@ -37,8 +37,8 @@ show 0 resolve "$plant" W1 W1.5 start ALARM_LEVEL_LOW FLOW_SETPOINT \
     MOTOR1.SPEED UNIT1.PUMP[2].DRIVE.CURRENT 'HEAD_CURVE[3].X' 'M[1][2]' 'SHIFT_SLOTS[1][2][-1]' 'TAB[3].5' \
     UNIT1.PUMP MOTOR3.SPEED PID1.SP PID1.PARA.GAIN
 
-echo "# What cannot be served, and why"
-show 1 resolve "$plant" LEVEL_TANK1 MOTOR9 W1.16 'TAB[8]' PID1.SETPOINT_RAMP
+echo "# Why a host does not get a symbol"
+show 1 why "$plant" LEVEL_TANK1 MOTOR9 W1.16 'TAB[8]' PID1.SETPOINT_RAMP
 
 echo "# What a person can pick from: as a tree, and as a list with addresses and comments"
 show 0 browse "$plant" --tree --pattern PID1 --depth 3
