@@ -3,6 +3,7 @@
 #include "korvaproservices/CChildAttributes.h"
 #include "korvaproservices/CLoadFindings.h"
 #include "korvaproservices/CModuleReference.h"
+#include "korvaproservices/CSpareMemory.h"
 #include "korvaproservices/KorvaProServices.h"
 #include "platform/mfc/CInterfacePtr.h"
 
@@ -38,6 +39,8 @@ public:
     WalkElement* MakeElement(pugi::xml_node node);
 
     CChildAttributes& ChildAttributes() { return childAttributes; }
+    CSpareMemory& ElementMemory() { return elementMemory; }
+    CSpareMemory& ListMemory() { return listMemory; }
 
 private:
     CDocument() = default;
@@ -47,4 +50,6 @@ private:
     std::size_t references = 1; // the loader's, and one for each element and list
     pugi::xml_document xml;
     CChildAttributes childAttributes;
+    CSpareMemory elementMemory;
+    CSpareMemory listMemory;
 };

@@ -5,11 +5,15 @@
 #include <utility>
 
 // What elements and lists have in common: one interface, a count of references
-// and the document they look at. `Object` is the derived class.
+// and the document they look at. `Object` is the derived class, whose MemoryIn
+// says which memory of a document is for such objects.
 template <class Object, class Interface, const IID& interfaceId>
 class CDocumentObject : public Interface
 {
 public:
+    static void* operator new(std::size_t bytes, CDocument& owner) { return Object::MemoryIn(owner).Take(bytes); }
+    static void operator delete(void* memory, CDocument& owner) { Object::MemoryIn(owner).GiveBack(memory); }
+
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) final
     {
         if (!object)
@@ -29,7 +33,9 @@ public:
         const ULONG left = --references;
         if (left == 0) {
             const CInterfacePtr<CDocument> last = std::move(document); // outlives the object, as the library must
-            delete static_cast<Object*>(this);
+            Object* const object = static_cast<Object*>(this);
+            object->~Object();
+            Object::MemoryIn(*last.Get()).GiveBack(object);
         }
         return left;
     }

@@ -54,7 +54,7 @@ WalkList* MakeListOfChildren(CDocument& document, pugi::xml_node element, IsWant
 // Here, because lists make elements without knowing the class, which itself makes lists.
 WalkElement* CDocument::MakeElement(pugi::xml_node node)
 {
-    return node ? new CElement(*this, node) : nullptr;
+    return node ? new (*this) CElement(*this, node) : nullptr;
 }
 
 HRESULT CElement::GetText(BSTR* text)

@@ -7,6 +7,8 @@
 class CElement final : public CDocumentObject<CElement, WalkElement, IID_WalkElement>
 {
 public:
+    static CSpareMemory& MemoryIn(CDocument& document) { return document.ElementMemory(); }
+
     CElement(CDocument& owner, pugi::xml_node element) noexcept : CDocumentObject(owner), node(element) {}
 
     HRESULT STDMETHODCALLTYPE GetText(BSTR* text) override;

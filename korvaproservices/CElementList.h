@@ -9,10 +9,12 @@
 class CElementList final : public CDocumentObject<CElementList, WalkList, IID_WalkList>
 {
 public:
+    static CSpareMemory& MemoryIn(CDocument& document) { return document.ListMemory(); }
+
     // An empty list. May raise std::bad_alloc.
     static CInterfacePtr<CElementList> Make(CDocument& document)
     {
-        return CInterfacePtr<CElementList>::Adopt(new CElementList(document));
+        return CInterfacePtr<CElementList>::Adopt(new (document) CElementList(document));
     }
 
     // Before the list is handed out. May raise std::bad_alloc.
