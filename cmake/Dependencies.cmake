@@ -12,9 +12,8 @@ if(EXISTS ${SYMBKDS_PUGIXML}/src/pugixml.cpp)
     target_compile_definitions(component_pugixml PUBLIC PUGIXML_COMPACT)
     target_compile_options(component_pugixml PRIVATE ${sanitizer_flags})
     # A load spends much of its time in the parser's small accessors: the component is compiled together with them. Not
-    # by CMake's own property, whose options clang-tidy takes for errors; and not where a .def file names the exports,
-    # which the linker then no longer finds.
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT WIN32)
+    # by CMake's own property, whose options clang-tidy takes for errors.
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         target_compile_options(component_pugixml PUBLIC $<$<CONFIG:Release>:-flto=auto>)
         target_link_options(component_pugixml PUBLIC $<$<CONFIG:Release>:-flto=auto>)
     endif()
