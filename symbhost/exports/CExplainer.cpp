@@ -63,9 +63,28 @@ Explanation CExplainer::Explain(const LookupAnswer& answer)
         return NotInExport(path.Prefix(0));
     if (!root->isListed)
         return UnknownType(root->item.name, root->item.typeName);
-    if (path.StepCount() == 1)
-        return ExplainPlain(answer, *root, path);
-    return ExplainSteps(path, {path.Prefix(0), root->item.typeName});
+    for (std::size_t step = 0; step < path.StepCount(); ++step)
+        if (HasUnreachableMember(path.Prefix(step), answer.name))
+            return {Reason::UnreachableName, path.Prefix(step) + " has a member of this name, but a lookup takes it "
+                                                                 "for further steps or a bit"};
+    return path.StepCount() == 1 ? ExplainPlain(answer, *root, path)
+                                 : ExplainSteps(path, {path.Prefix(0), root->item.typeName});
+}
+
+// Whether `name` is that of a member of `parent` that no lookup can reach.
+bool CExplainer::HasUnreachableMember(const std::string& parent, const std::string& name) const
+{
+    const std::string upperName = UpperName(name);
+    const bool isBelow = upperName.starts_with(UpperName(parent) + ".");
+    if (!isBelow || !IsUnreachable(std::string_view(name).substr(parent.size() + 1)))
+        return false;
+    CListing listing = ListBelow(project, parent, 1000);
+    std::vector<ListingEntry> page;
+    while (listing.NextPage(page) && !page.empty() && !page.front().isElement)
+        for (const ListingEntry& entry : page)
+            if (UpperName(entry.symbol) == upperName)
+                return true;
+    return false;
 }
 
 Explanation CExplainer::ExplainServed(const LookupAnswer& answer) const
@@ -182,13 +201,9 @@ Explanation CExplainer::ExplainStep(const CSymbolPath& path, std::size_t step, c
     if (!page.empty() && page.front().isElement)
         return ExplainElement(path, step, parent, page.front());
     const std::string wanted = UpperName(path.Prefix(step));
-    const std::string rest = UpperName(path.Behind(step - 1));
     std::vector<std::string> members;
     do {
         for (const ListingEntry& entry : page) {
-            if (UpperName(entry.name) == rest && IsUnreachable(entry.name))
-                return {Reason::UnreachableName, parent.path + " has a member of this name, but a lookup takes it for "
-                                                               "further steps or a bit"};
             if (UpperName(entry.symbol) == wanted)
                 return entry.isBranch
                            ? UnknownType(entry.symbol, project.MemberType(parent.typeName, entry.name))

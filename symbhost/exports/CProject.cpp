@@ -34,16 +34,23 @@ std::string CProject::MemberType(const std::string& parentType, const std::strin
     return found;
 }
 
+// Whether a variable of this type may be the one that is listed as a branch or leaf, not one left out for its type.
+bool CProject::MayBeListed(const std::string& typeName, bool isBranch) const
+{
+    if (FindElementaryType(typeName, NameCase::Ignored))
+        return !isBranch;
+    return isBranch && (file.FindType(typeName) || UpperName(typeName).starts_with("ARRAY"));
+}
+
 std::optional<CProject::Root> CProject::FindListedRoot(const std::string& name, bool isBranch) const
 {
     std::optional<Root> found;
-    for (const std::size_t position : file.FindVariables(name)) {
+    const std::vector<std::size_t> positions = file.FindVariables(name);
+    for (const std::size_t position : positions) {
         Root root{file.ReadVariable(position), true, isBranch};
         if (root.item.name != name)
             continue;
-        // Of two variables with one name the later may have been left out for its type.
-        const bool isElementary = FindElementaryType(root.item.typeName, NameCase::Ignored) != nullptr;
-        if (isElementary != isBranch)
+        if (positions.size() == 1 || MayBeListed(root.item.typeName, isBranch))
             return root;
         if (!found)
             found = std::move(root);

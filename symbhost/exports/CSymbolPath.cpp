@@ -35,12 +35,6 @@ std::string CSymbolPath::Step(std::size_t step) const
     return text.substr(begin, ends[step] - begin);
 }
 
-std::string CSymbolPath::Behind(std::size_t step) const
-{
-    std::string rest = text.substr(ends[step]) + (bit ? "." + *bit : std::string());
-    return rest.starts_with('.') ? rest.substr(1) : rest;
-}
-
 std::string MendedPath(std::string path)
 {
     while (path.ends_with('.'))

@@ -19,8 +19,6 @@ public:
     std::string Prefix(std::size_t step) const { return text.substr(0, ends[step]); }
     // A name, or an index with its brackets.
     std::string Step(std::size_t step) const;
-    // What stands behind a step: "SPEED.5" behind the first of MOTOR1.SPEED.5.
-    std::string Behind(std::size_t step) const;
     bool IsIndex(std::size_t step) const { return step > 0 && text[ends[step - 1]] == '['; }
     const std::optional<std::string>& Bit() const { return bit; }
 

@@ -7,7 +7,8 @@ namespace {
 // Something of everything that can stand in the way of a lookup.
 constexpr char kPlant[] =
     "TYPE Pair ARRAY[0..1] OF INT\n"
-    "TYPE Motor STRUCT SPEED INT @0 size 2 'rpm' SECRET WORD @2 size 2 hidden 1 LIMITS Pair @4 size 4 A.B INT @8 END\n"
+    "TYPE Motor STRUCT SPEED INT @0 size 2 'rpm' SECRET WORD @2 size 2 hidden 1 LIMITS Pair @4 size 4 A.B INT @8 5 INT "
+    "@8 END\n"
     "TYPE Odd STRUCT X Missing @0 size 4 END\n"
     "TYPE Loop STRUCT VALUE INT @0 size 2 NEXT Loop @2 size 2 END\n"
     "TYPE Back ARRAY[5..1] OF INT\n"
@@ -21,7 +22,7 @@ constexpr char kPlant[] =
     "VAR MOTOR1 Motor AT %MW100 block 5 @200 size 10\n"
     "VAR ODD1 Odd block 7 @40 size 4 VAR LOOP1 Loop block 7 @50 size 4 VAR BACK1 Back block 7 @60 size 4\n"
     "VAR PID1 Pid block 8 @0 size 22\n"
-    "VAR DROPPED Empty VAR \"A.C\" INT AT %MW7 size 2 VAR LOST Nowhere\n"
+    "VAR DROPPED Empty VAR \"A.C\" INT AT %MW7 size 2 VAR LOST Nowhere VAR MOTOR1 Nowhere\n"
     "VAR GRID ARRAY[1..2,3..4] OF INT block 9 @0 size 8\n";
 
 class ListTest : public HostTest
@@ -49,6 +50,7 @@ TEST_F(ListTest, WalksDownToTheLastValue)
         {{"motor1", "--all", "GRID[1].", "--elements", "1"},
          "motor1 5 200 10 - branch not-a-value\nmotor1.SPEED 5 200 2 - leaf \nmotor1.LIMITS 5 204 4 - branch \n"
          "motor1.LIMITS[0] 5 204 2 - leaf \nmotor1.A.B - - - - leaf unreachable-name\n"
+         "motor1.5 - - - - leaf unreachable-name\n"
          "GRID[1] 9 0 4 - branch \nGRID[1][3] 9 0 2 - leaf \n",
          0,
          ""},
@@ -59,6 +61,7 @@ TEST_F(ListTest, WalksDownToTheLastValue)
          "PID1.INNER.M - - - - branch nested-block\nPID1.INNER.M.SPEED 8 0 2 - leaf \n"
          "PID1.INNER.M.LIMITS 8 0 4 - branch \nPID1.INNER.M.LIMITS[0] 8 0 2 - leaf \n"
          "PID1.INNER.M.LIMITS[1] 8 0 2 - leaf \nPID1.INNER.M.A.B - - - - leaf unreachable-name\n"
+         "PID1.INNER.M.5 - - - - leaf unreachable-name\n"
          "ODD1 7 40 4 - branch not-a-value\nODD1.X 7 40 4 - branch \nBACK1 7 60 4 - branch not-a-value\n",
          0,
          ""},
@@ -163,11 +166,12 @@ TEST_F(ListTest, TellsWhy)
         {"MOTOR1.LIMITS[x]", "not-a-path", "brackets hold numbers"},
         {"A.C", "unreachable-name", "next step"},
         {"MOTOR1.A.B", "unreachable-name", "MOTOR1"},
+        {"PID1.INNER.M.5", "unreachable-name", "PID1.INNER.M has a member"},
         {"MOTOR.SPEED", "not-in-export", "names like it: MOTOR1"},
         {"dropped.X", "unknown-type", "is declared, but was dropped"},
         {"LOST", "unknown-type", "\"Nowhere\", which is declared nowhere"},
         {"ODD1.X.Y", "unknown-type", "ODD1.X is of type \"MISSING\""},
-        {"MOTOR1.3", "not-a-value", "MOTOR1.SPEED, MOTOR1.LIMITS"},
+        {"MOTOR1.3", "not-a-value", "MOTOR1 is of type Motor; a host asks for what is below it, such as MOTOR1.SPEED"},
         {"LEVEL", "type-not-served", "LEVEL is REAL"},
         {"LOOSE", "no-address", "LOOSE"},
         {"W1.16", "no-bit", "no bit 16"},
@@ -178,7 +182,7 @@ TEST_F(ListTest, TellsWhy)
         {"PID1.OTHER.STEP", "removed-block", "PID1.OTHER is a function block of type Ramp"},
         {"PID1.INNER.STEP", "nested-block", "PID1.INNER.STEP"},
         {"PID1.INNER.M", "nested-block", "PID1.INNER.M"},
-        {"MOTOR1.SPED.X", "no-member", "names like it: SPEED; it has the members SPEED, LIMITS"},
+        {"MOTOR1.SPED.X", "no-member", "names like it: SPEED; it has the members SPEED, LIMITS, A.B"},
         {"MOTOR1[1]", "no-member", "MOTOR1 is no array"},
         {"GRID.X.Y", "no-member", "like GRID[1]"},
     };
