@@ -137,7 +137,7 @@ TEST_F(Import, ReplacesWhatIsNoText)
     for (const auto& row : rows)
         EXPECT_EQ(TextOf(LoadAndFind(row.bytes, "r")), row.text) << testing::PrintToString(row.bytes);
     for (std::size_t at = 0; at < 16; ++at) {
-        std::string text(16, 'x');
+        std::string text(20, 'x'); // at its end Wine takes the bytes behind for a part of the character
         text[at] = '\xE4';
         const ElementPtr root = LoadAndFind("<r>" + text + "</r>", "r");
         EXPECT_EQ(TextOf(root), text.replace(at, 1, kReplacement)) << at;
