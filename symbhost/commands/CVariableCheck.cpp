@@ -6,6 +6,7 @@
 #include "symbhost/exports/UpperName.h"
 
 #include <algorithm>
+#include <utility>
 
 CVariableCheck::CVariableCheck(const CProject& checked, CFindings& target)
     : project(checked), file(checked.File()), findings(target)
@@ -37,7 +38,6 @@ void CVariableCheck::NoteUses(CTypeCheck& types)
         // Of several with one name a host gets the last that was not left out for its type.
         if (!listed || !meaning.isFound)
             continue;
-        listed->replaced = listed->holder;
         listed->holder = static_cast<std::uint32_t>(position);
         types.NoteUse(meaning, item.size, item.name);
     }
@@ -69,14 +69,17 @@ void CVariableCheck::Check(std::uint32_t position, CPlaceFinder& places)
         return;
     }
     const TypeMeaning meaning = MeaningOf(file, item.typeName);
-    const Listed* const listed = Find(item.name);
+    Listed* const listed = Find(item.name);
     const bool isOther = listed && listed->holder != kNone && listed->holder != position;
     if (!listed || (isOther && !meaning.isFound)) {
         AddDropped(item, meaning);
         return;
     }
+    if (!meaning.arrayProblem.empty() && !isOther)
+        findings.Add(kUnusableArray, item.name, "the array " + meaning.arrayProblem + "; nothing below it resolves");
+    AddDuplicate(item, position, *listed);
     if (isOther)
-        return; // the one that replaces it tells
+        return; // of what a later one replaces a host sees nothing
     const std::optional<Place> place = PlaceOf(listed->facts);
     CheckHolder(item, meaning, *listed);
     if (place)
@@ -105,14 +108,17 @@ void CVariableCheck::AddDropped(const ExportItem& item, const TypeMeaning& meani
                      : "the type " + item.typeName + " is declared nowhere, so a host does not get the variable");
 }
 
+void CVariableCheck::AddDuplicate(const ExportItem& item, std::uint32_t position, Listed& listed)
+{
+    const std::uint32_t previous = std::exchange(listed.previous, position);
+    if (previous != kNone)
+        findings.Add(kDuplicateVariable, item.name,
+                     "replaces " + file.ReadVariableName(previous) + ", variables[" + std::to_string(previous + 1) +
+                         "], which a host does not get");
+}
+
 void CVariableCheck::CheckHolder(const ExportItem& item, const TypeMeaning& meaning, const Listed& listed)
 {
-    if (!meaning.arrayProblem.empty())
-        findings.Add(kUnusableArray, item.name, "the array " + meaning.arrayProblem + "; nothing below it resolves");
-    if (listed.replaced != kNone)
-        findings.Add(kDuplicateVariable, item.name,
-                     "replaces " + file.ReadVariableName(listed.replaced) + ", variables[" +
-                         std::to_string(listed.replaced + 1) + "], which a host does not get");
     if (!meaning.unknownType.empty())
         findings.Add(kUnknownMemberType, item.name,
                      "the type " + meaning.unknownType + " is not known; nothing below it is served");

@@ -26,7 +26,7 @@ private:
     {
         RowFacts facts;
         std::uint32_t holder = kNone;   // position of the variable that it gets
-        std::uint32_t replaced = kNone; // of the last one that the holder replaced
+        std::uint32_t previous = kNone; // of the last one of this name that was met
     };
 
     void Collect();
@@ -34,6 +34,7 @@ private:
     Listed* Find(const std::string& name);
     void Check(std::uint32_t position, CPlaceFinder& places);
     void AddDropped(const ExportItem& item, const TypeMeaning& meaning);
+    void AddDuplicate(const ExportItem& item, std::uint32_t position, Listed& listed);
     void CheckHolder(const ExportItem& item, const TypeMeaning& meaning, const Listed& listed);
     void CheckOverlap(const ExportItem& item, const Place& place, const CPlaceFinder& places);
     void CheckAlias(const ExportItem& item, const Place& place, const CPlaceFinder& places);

@@ -66,9 +66,9 @@ TEST_F(CheckTest, FindsEachFault)
          "TYPE Empty STRUCT END VAR F Empty",
          "dropped-type Empty; unknown-type A; unknown-type B; no-name variables[3]; unknown-member-type C; "
          "unusable-array D; unusable-array E; unknown-type F; "},
-        {"VAR Tank INT block 1 size 2 VAR TANK INT block 1 @2 size 2 VAR tank Missing VAR Gone Missing\n"
+        {"VAR Tank INT block 1 size 2 VAR tAnk INT VAR TANK INT block 1 @2 size 2 VAR tank Missing VAR Gone Missing\n"
          "VAR GONE INT block 1 @4 size 2",
-         "duplicate-variable TANK; unknown-type tank; unknown-type Gone; "},
+         "duplicate-variable tAnk; duplicate-variable TANK; unknown-type tank; unknown-type Gone; "},
         {"VAR A.B INT block 1 size 2 VAR \" C\" INT block 2 size 2 VAR 5 INT block 3 size 2 VAR D INT AT %MW1",
          "unreachable-name A.B; unreachable-name  C; unreachable-name 5; no-place D; "},
         // Places: beside each other, in part, inside, around, the same; bits of a word, and the same bit twice
