@@ -9,7 +9,9 @@ endif()
 if(TARGET symbhost_manual)
     install(FILES ${PROJECT_BINARY_DIR}/man/symbhost.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT runtime)
 endif()
-install(FILES docs/install.md docs/export-file.md DESTINATION ${documents} COMPONENT runtime)
+foreach(document IN ITEMS dump-file.md export-file.md host-contract.md install.md plant-memory.svg symbhost.md windows.md)
+    install(FILES docs/${document} DESTINATION ${documents} COMPONENT runtime)
+endforeach()
 install(FILES examples/plant.kds DESTINATION ${documents}/examples COMPONENT runtime)
 include(Licences)
 
@@ -17,7 +19,6 @@ if(WIN32)
     install(TARGETS symbkds KorvaProServices LIBRARY DESTINATION ${symbkds_library_folder} COMPONENT runtime)
     install(FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/KorvaProServices.manifest ${symbkds_windows_runtime}
         DESTINATION ${symbkds_library_folder} COMPONENT runtime)
-    install(FILES docs/windows.md docs/host-contract.md DESTINATION ${documents} COMPONENT runtime)
     if(SYMBKDS_TOOLS)
         install(FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/symbhost.exe.manifest DESTINATION ${CMAKE_INSTALL_BINDIR}
             COMPONENT runtime)
@@ -46,7 +47,6 @@ foreach(header IN ITEMS win32/Library win32/Types com/Bstr com/ClassObject com/T
     cmake_path(GET header PARENT_PATH folder)
     install(FILES platform/${header}.h DESTINATION ${headers}/platform/${folder} COMPONENT development)
 endforeach()
-install(FILES docs/host-contract.md DESTINATION ${documents} COMPONENT development)
 install(DIRECTORY examples/host DESTINATION ${documents}/examples COMPONENT development)
 
 # find_package(symbkds)
