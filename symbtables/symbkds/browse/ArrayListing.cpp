@@ -9,6 +9,7 @@
 #include "symbkds/model/ElementaryTypes.h"
 #include "symbkds/model/TextNumber.h"
 #include "symbkds/model/TypeCodes.h"
+#include "symbkds/model/WideToUtf8.h"
 
 #include <algorithm>
 #include <array>
@@ -61,7 +62,8 @@ private:
             return considered;
         const auto candidate = static_cast<std::uint32_t>(number);
         const CString name = NameOf(candidate);
-        const bool listed = request.options.AcceptsName(name);
+        // A point that was cut inside its index could mean several elements, and lead back to an earlier one for ever.
+        const bool listed = name.GetLength() <= kMaxUtf8Bytes && request.options.AcceptsName(name);
         return listed && request.page.ResumesAt(EntryOf(candidate, name)) ? candidate : considered;
     }
 

@@ -21,9 +21,9 @@ CBrowseElementWriter::CBrowseElementWriter(const HostElements& hostElements, CIt
 CListingPage CBrowseElementWriter::GetPage() const
 {
     if (!HasLimit())
-        return {resumeAt, std::numeric_limits<std::uint64_t>::max()};
+        return {resumeAt, std::numeric_limits<std::uint64_t>::max(), itemIds.HeadUnits()};
     const std::uint32_t room = host.maxElements > targetIndex ? host.maxElements - targetIndex : 0;
-    return {resumeAt, std::uint64_t{room} + 1};
+    return {resumeAt, std::uint64_t{room} + 1, itemIds.HeadUnits()};
 }
 
 bool CBrowseElementWriter::EnsureElementCapacity(std::uint32_t candidates)

@@ -21,6 +21,8 @@ public:
     // path: only what follows goes on behind the parent's identifier, also when the path leaves a bracket open.
     static CItemIds OfElements(LPCWSTR parentId, const CString& path, const CString& prefix);
 
+    // The length of the parent's part, UTF-16 units.
+    std::size_t HeadUnits() const { return head.size(); }
     // The identifier of an entry, which is given in UTF-16.
     TaskText BuildItemId(const TaskText& entry) const;
 

@@ -40,7 +40,7 @@ bool CListingPage::Take(const CString& entry)
 {
     if (IsFull())
         return false;
-    textBytesLeft -= entry.GetLength();
+    textBytesLeft -= entry.GetLength() + bytesBeside;
     if (textBytesLeft < 0)
         entriesLeft = 0;
     else

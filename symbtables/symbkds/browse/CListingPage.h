@@ -8,8 +8,8 @@
 // Where a listing begins and where it ends.
 //
 // It begins with its first entry or resumes at the one that a continuation point names: an entry, fields and all, cut
-// to what a host gives back. It ends after so many entries, and before the texts of its entries, in bytes, grow
-// beyond kMostTextBytes.
+// to what a host gives back. It ends after so many entries, and before the texts of its entries, in bytes of their
+// narrow form, grow beyond kMostTextBytes; with records the parent's part of each item identifier counts too.
 class CListingPage
 {
 public:
@@ -18,9 +18,11 @@ public:
 
     // Everything.
     CListingPage() = default;
-    // From the named entry on (empty: the first), so many entries at the most.
-    CListingPage(const CString& continuationPoint, std::uint64_t mostEntries)
-        : resumeAt(continuationPoint), entriesLeft(mostEntries)
+    // From the named entry on (empty: the first), so many entries at the most, for each of which the host gets so many
+    // bytes beside its text.
+    CListingPage(const CString& continuationPoint, std::uint64_t mostEntries, std::size_t bytesBesideEntry = 0)
+        : resumeAt(continuationPoint), entriesLeft(mostEntries),
+          bytesBeside(static_cast<std::int64_t>(bytesBesideEntry))
     {}
 
     // Empty: the listing begins with its first entry.
@@ -40,4 +42,5 @@ private:
     CString resumeAt;
     std::uint64_t entriesLeft = std::numeric_limits<std::uint64_t>::max();
     std::int64_t textBytesLeft = kMostTextBytes;
+    std::int64_t bytesBeside = 0;
 };
