@@ -70,6 +70,8 @@ void CDiffPrinter::PrintLine(const Row* before, const Row* after, unsigned chang
 void CDiffPrinter::PrintRecord(const Row* before, const Row* after, unsigned changes, std::span<const Cell> more)
 {
     const std::vector<std::string> words = ChangeWords(changes);
+    // One of the two is always there, which the analyser does not know.
+    // NOLINTNEXTLINE(clang-analyzer-core.NonNullParamChecker)
     cells = {after ? after->name : before->name, std::span<const std::string>(words)};
     if (form == OutputForm::Json) {
         const std::string rows[] = {JsonOf(before, rowColumns), JsonOf(after, rowColumns)};

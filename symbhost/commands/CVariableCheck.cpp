@@ -20,7 +20,7 @@ void CVariableCheck::Collect()
     variables.branches = true;
     variables.below = false;
     for (CWalk walk(project, variables); walk.Next();)
-        listedByName[UpperName(std::string(walk.Current().name))] = {walk.Current()};
+        listedByName[UpperName(std::string(walk.Current().name))] = {static_cast<const RowFacts&>(walk.Current())};
 }
 
 CVariableCheck::Listed* CVariableCheck::Find(const std::string& name)

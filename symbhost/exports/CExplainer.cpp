@@ -164,6 +164,7 @@ Explanation CExplainer::ExplainPlain(const LookupAnswer& failed, const CProject:
         std::vector<ListingEntry> page;
         std::vector<std::string> parts;
         listing.NextPage(page);
+        parts.reserve(page.size());
         for (const ListingEntry& entry : page)
             parts.push_back(entry.symbol);
         return {reason, name + " is of type " + typeName + "; a host asks for what is below it" +

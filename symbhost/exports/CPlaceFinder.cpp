@@ -19,7 +19,7 @@ std::vector<std::uint64_t> Positions(const std::vector<Place>& places, std::uint
     for (const Place& place : places)
         positions.push_back(Position(place, place.*end));
     std::ranges::sort(positions);
-    positions.erase(std::ranges::unique(positions).begin(), positions.end());
+    positions.erase(std::unique(positions.begin(), positions.end()), positions.end());
     return positions;
 }
 

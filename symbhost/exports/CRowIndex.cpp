@@ -19,16 +19,18 @@ std::optional<std::size_t> CRowIndex::Find(std::string_view name)
     std::optional<std::size_t> match;
     if (expected < rows.Count() && !found[expected] && IsSameName(rows.At(expected).name, name))
         match = expected;
-    else
-        for (const Position& position :
-             std::ranges::equal_range(positions, HashOf(UpperName(std::string(name))), {}, &Position::hash)) {
-            const bool isNew = !found[position.row];
-            if ((match && !isNew) || !IsSameName(rows.At(position.row).name, name))
+    else {
+        const auto hash = HashOf(UpperName(std::string(name)));
+        auto at = std::ranges::lower_bound(positions, hash, {}, &Position::hash);
+        for (; at != positions.end() && at->hash == hash; ++at) {
+            const bool isNew = !found[at->row];
+            if ((match && !isNew) || !IsSameName(rows.At(at->row).name, name))
                 continue;
-            match = position.row;
+            match = at->row;
             if (isNew)
                 break;
         }
+    }
     if (match) {
         found[*match] = true;
         expected = *match + 1;

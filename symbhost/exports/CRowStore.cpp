@@ -39,8 +39,8 @@ void CRowStore::Add(const Row& row)
 {
     if (rows.size() == kMostRows)
         throw CHostError("there are more than " + std::to_string(kMostRows) + " symbols to keep");
-    rows.push_back({row, Keep(row.name), Keep(row.address), Keep(row.typeName), Keep(row.kindName), Keep(row.comment),
-                    Keep(row.customerString)});
+    rows.push_back({static_cast<const RowFacts&>(row), Keep(row.name), Keep(row.address), Keep(row.typeName),
+                    Keep(row.kindName), Keep(row.comment), Keep(row.customerString)});
 }
 
 Row CRowStore::At(std::size_t index) const

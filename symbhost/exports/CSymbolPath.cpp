@@ -26,7 +26,7 @@ CSymbolPath::CSymbolPath(const std::string& name)
     }
     if (StepCount() == 1 && bit && text == *bit)
         bit.reset(); // a number alone is a name
-    isPath = ends.size() > 0 && ends[0] > 0;
+    isPath = !ends.empty() && ends[0] > 0;
 }
 
 std::string CSymbolPath::Step(std::size_t step) const

@@ -62,7 +62,7 @@ std::string XmlText(const std::string& text)
 std::string Shortened(const std::string& text, std::size_t letters)
 {
     constexpr std::size_t kFewest = 4;
-    const std::string shown = Printable(text);
+    std::string shown = Printable(text);
     if (DisplayWidth(shown) <= letters)
         return shown;
     if (letters < kFewest)
@@ -123,7 +123,8 @@ void CMemoryPicture::DrawLegend()
     constexpr double kColumnWidth = 180;
     for (std::size_t at = 0; at < std::size(kColours); ++at) {
         const double x = kMargin + kColumnWidth * static_cast<double>(at % kColumns);
-        const double y = 40 + 20 * static_cast<double>(at / kColumns);
+        const std::size_t row = at / kColumns;
+        const double y = 40 + 20 * static_cast<double>(row);
         stream << "<rect class=\"sample " << kColours[at].name << "\" x=\"" << Length(x) << "\" y=\"" << Length(y)
                << "\" width=\"14\" height=\"14\"/>";
         WriteText(x + 20, y + 11, "legend", kColours[at].meaning);
@@ -175,7 +176,8 @@ void CMemoryPicture::Add(const PictureBox& box)
         const std::uint64_t from = std::max(box.from, row * perRow);
         const std::uint64_t behind = std::min(box.to, row * perRow + perRow - 1) + 1;
         const double x = kLeft + static_cast<double>(from - row * perRow) * scale;
-        const double y = static_cast<double>(shown.y + (row - shown.from / perRow) * kRowHeight);
+        const std::uint64_t rowsAbove = row - shown.from / perRow;
+        const double y = static_cast<double>(shown.y + rowsAbove * kRowHeight);
         const double width = std::max(static_cast<double>(behind - from) * scale, kNarrowestBox);
         stream << 'M' << Length(x) << ' ' << Length(y) << 'h' << Length(width) << 'v' << kBoxHeight << "H" << Length(x)
                << 'z';

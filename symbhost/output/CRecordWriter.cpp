@@ -131,6 +131,7 @@ private:
                                                 const std::vector<std::size_t>& order)
     {
         std::vector<CTable::Column> titles;
+        titles.reserve(order.size());
         for (const std::size_t at : order)
             titles.push_back({columns[at].title, columns[at].alignRight});
         return titles;
