@@ -56,7 +56,7 @@ struct CLoadedSymb
     CUnitSink sink;
     CCountingSymb symb;
     CRecordingSink unused;
-    CHostTable table{unused, reinterpret_cast<CHostSymb&>(static_cast<CSymb&>(symb))};
+    CHostTable table{unused, AsHostSees<CSymb>(symb)};
 };
 
 TEST(ChangeCheck, ReopensAtEachRequestWhileTheTimeDiffers)

@@ -192,6 +192,14 @@ struct CHostListing
     } passed{&point, &more, &count, &array, &capacity};
 };
 
+// An object of the library's CSymb as a host sees it.
+template <class Symb>
+CHostSymb& AsHostSees(Symb& symb)
+{
+    void* const object = &symb;
+    return *static_cast<CHostSymb*>(object);
+}
+
 // One symbol table of a host, from NewSymb to DeleteSymb.
 class CHostTable
 {

@@ -47,5 +47,5 @@ struct CInProcessTable
 
     CSymbXml symb;
     CRecordingSink sink;
-    CHostTable table{sink, reinterpret_cast<CHostSymb&>(static_cast<CSymb&>(symb))};
+    CHostTable table{sink, AsHostSees<CSymb>(symb)};
 };
