@@ -30,6 +30,7 @@ check clang-tidy         command:run-clang-tidy
 fuzz clang               command:clang++
 fuzz libclang-rt-14-dev  fuzzer:
 package dpkg-dev         command:dpkg-shlibdeps
+package file             command:file
 package help2man         command:help2man
 package pkg-config       command:pkg-config
 windows g++-mingw-w64-i686-posix command:i686-w64-mingw32-g++-posix
