@@ -206,11 +206,17 @@ void FailOnce(const std::string& call, int occurrence, const Fault& fault)
     import.ExpectAllGivenBack();
 }
 
-TEST(Init, AnyCallOfTheComponentMayFail)
+// The calls of a load that nothing disturbs.
+std::vector<std::string> CallsOfALoad()
 {
     CImport whole(kEveryKind);
-    ASSERT_EQ(whole.Load(), 0);
-    const std::vector<std::string> calls = Split(whole.fake.TakeCalls(), ", ");
+    EXPECT_EQ(whole.Load(), 0);
+    return Split(whole.fake.TakeCalls(), ", ");
+}
+
+TEST(Init, AnyCallOfTheComponentMayFail)
+{
+    const std::vector<std::string> calls = CallsOfALoad(); // its component is gone by then: on Windows the first counts
     ASSERT_GT(calls.size(), 50u);
     for (std::size_t i = 0; i < calls.size() && !testing::Test::HasFailure(); ++i) {
         const int occurrence = OccurrenceOf(calls, i);
