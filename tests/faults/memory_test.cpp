@@ -75,7 +75,9 @@ struct CLoadedTable : CInProcessTable
 // Fails when `attempt`, which is told the ordinal and says whether that allocation was reached, leaves memory behind.
 void ForEachAllocation(const std::function<bool(long, Shortage)>& attempt)
 {
-    attempt(std::numeric_limits<long>::max(), Shortage::kOnce); // fails nothing; warms up what is made once
+    // Warms up what is made once: at the first failure, and at the first attempt where nothing fails.
+    for (const long ordinal : {1L, std::numeric_limits<long>::max()})
+        attempt(ordinal, Shortage::kOnce);
     for (const Shortage shortage : kShortages) {
         bool reached = true;
         long ordinal = 0;
