@@ -6,6 +6,9 @@
 
 namespace {
 
+// An entry that is cut keeps at least so many bytes, as a character has four at the most.
+constexpr int kLeastCutBytes = kMaxUtf8Bytes - 3;
+
 // An entry as it comes back from a host: cut to the whole characters that fit.
 CString AsContinuationPoint(const CString& entry)
 {
@@ -17,11 +20,30 @@ CString AsContinuationPoint(const CString& entry)
 
 } // namespace
 
-bool CListingPage::MayResumeAtName(const CString& name) const
+bool CListingPage::MayResumeAtEntry(const CString& name, std::string_view fieldCodes, const CString& comment) const
 {
-    const std::string_view wanted = resumeAt.View();
-    const std::size_t length = name.View().size();
-    return wanted.starts_with(name.View()) && (wanted.size() == length || wanted[length] == '|');
+    std::string_view rest = resumeAt.View();
+    if (!rest.starts_with(name.View()))
+        return false;
+    rest.remove_prefix(name.View().size());
+    for (const char code : fieldCodes) {
+        if (rest.empty())
+            return true; // cut here
+        if (rest.front() != '|')
+            return false;
+        rest.remove_prefix(1);
+        if (code == 'A') {
+            const bool isWhole = resumeAt.GetLength() < kLeastCutBytes;
+            return !isWhole || fieldCodes.back() != 'C' || rest.ends_with(comment.View());
+        }
+        if (code == 'C') {
+            const std::string_view expected = comment.View().substr(0, rest.size());
+            if (!rest.starts_with(expected))
+                return false;
+            rest.remove_prefix(expected.size());
+        }
+    }
+    return rest.empty();
 }
 
 bool CListingPage::ResumesAt(const CString& entry) const

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <string_view>
 
 // Where a listing begins and where it ends.
 //
@@ -27,8 +28,9 @@ public:
 
     // Empty: the listing begins with its first entry.
     const CString& ResumeAt() const { return resumeAt; }
-    // Whether an entry with this name, whatever its fields, can be the one to resume at.
-    bool MayResumeAtName(const CString& name) const;
+    // Whether the entry of this name and comment can be the one to resume at. Tells most others apart without their
+    // texts; addresses are not looked at.
+    bool MayResumeAtEntry(const CString& name, std::string_view fieldCodes, const CString& comment) const;
     bool ResumesAt(const CString& entry) const;
     // Whether the entry and the one to resume at differ in nothing but the case of their fields: listing the first
     // page makes the type names that fields show upper case.

@@ -66,7 +66,8 @@ private:
         int differing = members.GetCount();
         for (int position = 0; position < members.GetCount(); ++position) {
             CSymbXMLDDTMember& member = *members.GetAt(position);
-            if (member.hidden != 0 || !request.page.MayResumeAtName(member.name))
+            if (member.hidden != 0 ||
+                !request.page.MayResumeAtEntry(member.name, request.options.fieldCodes, member.comment))
                 continue;
             const std::optional<MemberEntry> entry = EntryOf(member);
             if (entry && request.page.ResumesAt(entry->text))
