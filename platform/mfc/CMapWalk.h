@@ -23,9 +23,7 @@ public:
         if (!next)
             return nullptr;
         if (objectAhead) {
-            const Object* const object = objectAhead->value;
-            Prefetch(object);
-            Prefetch(object + 1); // it may reach into the next cache line
+            Prefetch(objectAhead->value);
             objectAhead = map.PGetNextAssoc(objectAhead);
         }
         if (textAhead) {
@@ -39,8 +37,8 @@ public:
 
 private:
     // Measured: with fewer they come too late, more win nothing.
-    static constexpr int kObjectsAhead = 8;
-    static constexpr int kTextsAhead = 4;
+    static constexpr int kObjectsAhead = 12;
+    static constexpr int kTextsAhead = 6;
 
     const typename Map::CPair* Forward(const typename Map::CPair* pair, int entries) const
     {
