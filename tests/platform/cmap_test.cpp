@@ -25,37 +25,6 @@ std::string Listing(const IntMap& map)
     return listing;
 }
 
-TEST(CMap, KeepsTheOrderOfFirstInsertion)
-{
-    IntMap map(2); // blocks of two: the order goes across blocks
-    int value = -1;
-    EXPECT_FALSE(map.Lookup("A", value));
-    for (const char* key : {"Z", "A", "M", "z", "Y"}) // the case of a key counts
-        map.SetAt(key, map.GetCount());
-    EXPECT_EQ(Listing(map), "Z=0 A=1 M=2 z=3 Y=4");
-    map.SetAt("M", 20); // place and key stay
-    EXPECT_EQ(Listing(map), "Z=0 A=1 M=20 z=3 Y=4");
-    EXPECT_TRUE(map.Lookup("M", value));
-    EXPECT_FALSE(map.Lookup("m", value));
-    EXPECT_EQ(value, 20);
-    map.SetAt("", 7);
-    EXPECT_EQ(map.PLookup("")->value, 7);
-}
-
-TEST(CMap, EnumerationGoesOnWhileEntriesAreInserted)
-{
-    IntMap map;
-    map.SetAt("0", 0);
-    int visited = 0;
-    for (const auto* pair = map.PGetFirstAssoc(); pair; pair = map.PGetNextAssoc(pair)) {
-        EXPECT_EQ(pair->value, visited++);
-        if (map.GetCount() < 500)
-            map.SetAt(std::to_string(map.GetCount()).c_str(), map.GetCount());
-        map.SetAt("0", 0);
-    }
-    EXPECT_EQ(visited, 500);
-}
-
 TEST(CMap, ManyEntriesInFewBuckets)
 {
     for (const std::uint32_t buckets : {1U, 2U, 17U}) {

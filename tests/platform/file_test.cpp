@@ -33,51 +33,6 @@ protected:
     const std::string path = folder.FilePath("file.txt");
 };
 
-TEST_F(File, ReadsInPiecesAndIsDeleted)
-{
-    folder.WriteFile("file.txt", "hello");
-    const WideText widePath(path.begin(), path.end());
-    const HANDLE read = CreateFileW(widePath.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
-    ASSERT_NE(read, INVALID_HANDLE_VALUE);
-    LARGE_INTEGER size{};
-    EXPECT_EQ(GetFileType(read), FILE_TYPE_DISK);
-    EXPECT_TRUE(GetFileSizeEx(read, &size));
-    EXPECT_EQ(size.QuadPart, 5);
-    char buffer[10] = {};
-    DWORD done = 0;
-    char* place = buffer;
-    for (const DWORD bytes : {4U, 1U, 0U}) { // the end is no error
-        EXPECT_TRUE(ReadFile(read, place, 4, &done, nullptr));
-        EXPECT_EQ(done, bytes);
-        place += done;
-    }
-    EXPECT_STREQ(buffer, "hello");
-    EXPECT_FALSE(WriteFile(read, "x", 1, &done, nullptr));
-    EXPECT_TRUE(CloseHandle(read));
-    EXPECT_FALSE(CloseHandle(read));
-
-    EXPECT_EQ(GetFileAttributesW(widePath.c_str()) & FILE_ATTRIBUTE_DIRECTORY, 0U);
-    EXPECT_TRUE(DeleteFileA(path.c_str()));
-    EXPECT_FALSE(DeleteFileA(path.c_str()));
-    EXPECT_EQ(GetFileAttributesW(widePath.c_str()), INVALID_FILE_ATTRIBUTES);
-    EXPECT_EQ(GetLastError(), ERROR_FILE_NOT_FOUND);
-}
-
-TEST_F(File, WhatCannotBeOpened)
-{
-    EXPECT_EQ(ErrorOfOpening(OpenToRead(path)), ERROR_FILE_NOT_FOUND);
-    EXPECT_EQ(ErrorOfOpening(OpenToRead(folder.Path())), ERROR_ACCESS_DENIED);
-    EXPECT_EQ(ErrorOfOpening(OpenToWrite(folder.Path())), ERROR_ACCESS_DENIED);
-    EXPECT_NE(ErrorOfOpening(OpenToWrite("")), ERROR_SUCCESS);
-    EXPECT_NE(ErrorOfOpening(OpenToWrite(folder.FilePath("missing") + kPathSeparator + "x")), ERROR_SUCCESS);
-    EXPECT_NE(ErrorOfOpening(OpenToRead(std::string(100000, 'x'))), ERROR_SUCCESS);
-    const WideText wideFolder(folder.Path().begin(), folder.Path().end());
-    EXPECT_NE(GetFileAttributesW(wideFolder.c_str()) & FILE_ATTRIBUTE_DIRECTORY, 0U);
-    EXPECT_FALSE(DeleteFileA(folder.Path().c_str()));
-    EXPECT_TRUE(folder.Exists("."));
-}
-
 TEST_F(File, SharingIsAsAgreed)
 {
     folder.WriteFile("file.txt", "precious");
