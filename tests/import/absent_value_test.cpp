@@ -35,6 +35,8 @@ const VariableCase kVariableCases[] = {
     {"Item 0", 1, Fault::ResultAndValue(E_FAIL), kWhole}, // the element counts, not the result
     {"GetAttribute name", 1, Fault::Result(E_FAIL), "", "B=!B"},
     {"GetAttribute typeName", 1, Fault::Result(E_FAIL), "", "B=!B"},
+    {"GetAttribute topologicalAddress", 1, Fault::Result(E_FAIL),
+     "refused: KorvaPro Reader <plant.kds>:SearchAndGetFF:Can only animate LOCATED EDT which size is 1 or 2"},
     {"GetChildText comment", 1, Fault::Result(E_FAIL), "INT +20 size 2 block 5 access 1 at %MW7 customer \"plant\""},
     {"SelectChildren attribute name AreaBlock", 1, Fault::Result(E_FAIL), "INT +20 size 2 access 1" TEXTS},
     {"SelectChildren attribute name AreaOffset", 1, Fault::ResultAndValue(S_FALSE),
@@ -72,16 +74,6 @@ TEST(AbsentValue, OfAVariableLeavesTheRestAlone)
         }
         import.ExpectAllGivenBack();
     }
-}
-
-TEST(AbsentValue, AVariableWithoutItsAddressIsListedButNotResolved)
-{
-    CImport import(kVariables);
-    import.fake.Fail("GetAttribute topologicalAddress", 1, Fault::Result(E_FAIL));
-    import.Load();
-    EXPECT_EQ(import.table.Lookup("A"),
-              "refused: KorvaPro Reader <plant.kds>:SearchAndGetFF:Can only animate LOCATED EDT which size is 1 or 2");
-    EXPECT_EQ(import.table.BrowsePage({.filter = "%UL"}, 0).Text(), "A=!A");
 }
 
 // Properties, several between bars, and the lookup.

@@ -1,15 +1,12 @@
 // How Init ends when the component fails, call by call, and when the export ends too early.
 #include "import/ImportFixture.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
 
 namespace {
-
-using testing::EndsWith;
 
 const char kPlant[] = "TYPE Motor STRUCT SPEED INT @0 size 2 END\n"
                       "DFB Pid IN SP INT @0 size 2 END\n"
@@ -160,15 +157,6 @@ TEST(Init, ASecondLoadAddsToTheFirst)
     EXPECT_EQ(import.Load(), 0);
     EXPECT_EQ(import.table.BrowsePage({}, 0).Text(), "A=!A, b=!b, C=!C");
     EXPECT_EQ(import.table.Lookup("B"), "WORD +0 size 2 at %MW7");
-}
-
-TEST(Init, WithoutDataBlockTheTypesAreThere)
-{
-    CImport import("TYPE Motor STRUCT SPEED INT END NODATABLOCK");
-    EXPECT_EQ(import.Load(), 0);
-    EXPECT_EQ(import.table.TakeMessages(), "KorvaPro Reader <plant.kds>:catched exception on BrowseAllItemInCMap");
-    EXPECT_THAT(import.DumpedText(),
-                testing::AllOf(testing::StartsWith("ListType 1/DDTStruct/DDTStruct Motor/"), EndsWith("NbItem 0/")));
 }
 
 const char kEveryKind[] = "TYPE Motor STRUCT SPEED INT @4 size 2 'rpm' END\n"
