@@ -124,16 +124,6 @@ struct CDumped
     std::string source;
 };
 
-TEST(DumpFile, OfAnEmptyExportHasTenLines)
-{
-    CDumped loaded;
-    ASSERT_EQ(loaded.Load(""), 0);
-    EXPECT_EQ(WithoutStamps(loaded.Dump()), "QUICK SAVE KDV V1.0 Unknwow T\r\nUnknwow \r\nUnknwow \r\n"
-                                            "KorvaPro exported located symbol table \r\n 0 0 0 0 0 0 0 0\r\n \r\n"
-                                            "F \r\nListType 0\r\nNbItem 0 \r\n"
-                                            "QUICK SAVE DICO V1.0 END OF FILE T \r\n");
-}
-
 TEST(DumpFile, OfTheExamplePlant)
 {
     CDumped loaded;
@@ -215,24 +205,6 @@ TEST(DumpFile, HoldsEveryTypeAndVariableOfGeneratedProjects)
                 EXPECT_THAT(dump, testing::HasSubstr(BlockOf(*type))) << project.text;
             }
         EXPECT_THAT(dump, testing::HasSubstr(BlocksOf(project.variables))) << project.text;
-    }
-}
-
-TEST(DumpFile, IsNamedAfterThePath)
-{
-    const std::pair<std::string, std::string> names[] = {
-        {"E:\\Plants\\line1.kds", "E__Plants_line1.kds.log"},
-        {std::string("lines") + kPathSeparator + "line 1.kds", "lines_line 1.kds.log"},
-        {"no extension", "no extension.log"}};
-    for (const auto& [path, name] : names) {
-        for (const std::string& separator : {std::string(), std::string(1, kPathSeparator)}) {
-            CFakeComponent component("");
-            CDumped loaded;
-            EXPECT_EQ(loaded.LoadFile(path, separator), 0);
-            EXPECT_EQ(loaded.dumps.List(), name);
-            std::string dump = loaded.dumps.ReadFile(name);
-            EXPECT_EQ(TakeStamps(dump).fileTime, "0"); // there is no such file
-        }
     }
 }
 
