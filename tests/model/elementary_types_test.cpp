@@ -120,15 +120,4 @@ TEST(KindName, IsThatOfTheFirstMaskThatFits)
             EXPECT_STREQ(KindName(code), kind) << code;
 }
 
-TEST(VariableRecord, BeginsUnclassifiedAndShowsItsDeclaration)
-{
-    CSymbXMLItemDef variable;
-    EXPECT_EQ(variable.typeCode, 2u);
-    EXPECT_FALSE(variable.IsElementaryScalar());
-    variable.typeName = "%TEMP_ARRAY3";
-    EXPECT_EQ(variable.GetDisplayTypeName(), "%TEMP_ARRAY3");
-    variable.SetDeclaredTypeText("ARRAY[0..9] OF REAL");
-    EXPECT_EQ(variable.GetDisplayTypeName(), "ARRAY[0..9] OF REAL");
-}
-
 } // namespace
