@@ -1,46 +1,20 @@
 // What no export and no host can bring about.
 #include "support/ExportBuilder.h"
 #include "support/InProcessTable.h"
-#include "symbkds/model/CSymbXMLDDTDef.h"
-#include "symbkds/resolve/CSymbKorvaAnalyser.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-TEST(Definition, WritesTheTextsOfAValue)
+TEST(Lookup, TellsTheSumOfTwoWordsOfTheIdentification)
 {
     CTemporaryFolder folder;
     CInProcessTable plant;
-    EXPECT_EQ(
-        plant.table.Load(WriteExport(folder, "TYPE Sub STRUCT X INT @2 END\n"
-                                             "DFB Outer IN A DINT @40 'speed' M ARRAY[1..2,0..1] OF INT @80 size 8\n"
-                                             "  T ARRAY[0..1] OF Sub @60 END VAR O Outer")),
-        0);
-    const struct
-    {
-        const char* path;
-        const char* address;
-        const char* comment;
-    } rows[] = {{"V.A", "U-DINT (B:7 - O:140) ", "speed"},
-                {"V.M[1][1]", "U-INT (B:7 - O:180) ", ""}, // what is relative does not show
-                {"V.T[1]", "before", "SUB"}};
-    for (const auto& row : rows) {
-        CString text(row.path), typeName, comment("before"), address("before");
-        CSymbKorvaAnalyser path;
-        ASSERT_TRUE(path.Analyse(text, 0));
-        AddressDescriptor descriptor{};
-        descriptor.block = 7;
-        descriptor.offset = 100;
-        EXPECT_TRUE(plant.Definition("Outer")->ResolvePath(&plant.symb.GetTypes(), path, 1, true, descriptor, typeName,
-                                                           comment, address));
-        EXPECT_EQ(address.View(), row.address) << row.path;
-        EXPECT_EQ(comment.View(), row.comment) << row.path;
-    }
+    EXPECT_EQ(plant.table.Load(WriteExport(folder, "VAR W INT AT %MW1")), 0);
     plant.IdentificationWord(2) = plant.IdentificationWord(5) = 100;
     plant.IdentificationWord(3) = 0xFFFFFFFF;
     plant.IdentificationWord(4) = 8;
-    EXPECT_EQ(plant.table.Resolve("O.A").deviation, " byte 64 of the descriptor is 7"); // the sum of words 4 and 5
+    EXPECT_EQ(plant.table.Resolve("W").deviation, " byte 64 of the descriptor is 7");
 }
 
 constexpr std::uint32_t kBool = 0x02290148, kByte = 0x01290148;
