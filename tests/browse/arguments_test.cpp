@@ -1,7 +1,6 @@
 // What both browse operations refuse, and that they add nothing then.
 #include "browse/BrowseFixture.h"
 
-#include <filesystem>
 #include <functional>
 
 namespace {
@@ -86,21 +85,6 @@ TEST(BrowseArguments, PathsThatLeadNowhere)
         EXPECT_EQ(plant.Elements({.path = path.c_str()}), "E_INVALIDARG") << path;
     }
     EXPECT_EQ(plant.table.Browse({.path = ".motor1"}), "SPEED");
-}
-
-TEST(BrowseArguments, TheFileIsTestedBeforeThem)
-{
-    CLoadedExport plant(kPlant);
-    std::filesystem::remove(plant.folder.FilePath("plant.kds"));
-    const std::string message = "[1] KorvaPro Reader :IsThereNewKdvFile: Impossible to test file <plant.kds> error <2>";
-    plant.table->BrowseSymbols(nullptr, nullptr, 0, "", 0, 0, FALSE, TRUE, TRUE, 0, nullptr, nullptr, nullptr);
-    EXPECT_EQ(plant.table.TakeMessages(), message);
-    CHostListing call;
-    call.passed.more = nullptr;
-    call.Run(plant.table);
-    EXPECT_EQ(plant.table.TakeMessages(), message);
-    EXPECT_EQ(plant.table.Browse({.path = "TAB"}), "TAB[0], TAB[1]"); // what was loaded stays
-    EXPECT_EQ(plant.table.TakeMessages(), message);
 }
 
 } // namespace

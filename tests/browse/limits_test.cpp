@@ -85,19 +85,6 @@ TEST(BrowseLimits, UnusualPathsAndPlaces)
     EXPECT_EQ(plant.table.Browse({.path = "D1", .fields = "A"}), "A|U-INT (B:65536 - O:2147483649) "); // it saturates
 }
 
-TEST(BrowseLimits, ArraysThatHoldThemselves)
-{
-    CLoadedExport plant("TYPE Ring ARRAY[0..1] OF Ring VAR R Ring AT %MW0 size 8\n"
-                        "TYPE Even ARRAY[0..1] OF Odd TYPE Odd ARRAY[0..1] OF Even VAR E Even AT %MW0 size 8\n");
-    std::string rings = "R";
-    for (int i = 0; i < 15; ++i)
-        rings += "[1]";
-    EXPECT_EQ(plant.Elements({.path = rings.c_str()}), rings + "[0] >, " + rings + "[1] >");
-    EXPECT_EQ(plant.Elements({.path = (rings + "[1]").c_str()}), "E_INVALIDARG"); // too many steps
-    EXPECT_EQ(plant.Elements({.path = "E[0][1]"}), "E[0][1][0] >, E[0][1][1] >");
-    EXPECT_EQ(plant.Elements({}), "R >, E >");
-}
-
 // A definition whose listing breaks off after one entry.
 class CBrokenDef : public CSymbXMLDDTStructDef
 {
