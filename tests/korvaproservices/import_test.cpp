@@ -105,6 +105,7 @@ TEST_F(Import, ReadsEveryEncoding)
         {Encoded(mark + declared, 2, true), "utf-16 UTF-16BE"},
         {Encoded("<?xml version='1.0' encoding='iso-8859-1'?>" + body, 2, false), "iso-8859-1 UTF-16LE"},
         {Encoded(body, 4, false), " UTF-32LE"},
+        {Encoded(mark + body, 4, false), " UTF-32LE"},
         {Encoded(mark + declared, 4, true), "utf-16 UTF-32BE"},
         {mark + "<?xml version=' encoding=' encoding='latin1'?>" + body, "latin1 UTF-8"},
         {"<?xml version='1.0' encoding='windows-1252'?>" + body, "windows-1252 UTF-8"}};
