@@ -1,16 +1,8 @@
-// Exports that are damaged or break a listing off.
+// Exports that are damaged, and listings that must end.
 #include "browse/BrowseFixture.h"
-
-#include "platform/mfc/Exceptions.h"
-#include "support/FakeComponent.h"
-#include "support/InProcessTable.h"
-#include "symbkds/browse/BrowseRequest.h"
-#include "symbkds/model/CSymbXMLDDTStructDef.h"
 
 #include <chrono>
 #include <functional>
-#include <stdexcept>
-#include <thread>
 
 namespace {
 
@@ -83,55 +75,6 @@ TEST(BrowseLimits, UnusualPathsAndPlaces)
               "CUBE[1]|U-ARRAY[5..6,-2..-1] OF INT (B:0 - O:8) ");
     EXPECT_EQ(plant.Elements({.path = "NONE"}), "NONE[0] >");
     EXPECT_EQ(plant.table.Browse({.path = "D1", .fields = "A"}), "A|U-INT (B:65536 - O:2147483649) "); // it saturates
-}
-
-// A definition whose listing breaks off after one entry.
-class CBrokenDef : public CSymbXMLDDTStructDef
-{
-public:
-    explicit CBrokenDef(std::function<void()> thrower) : fail(std::move(thrower)) {}
-
-    HRESULT BrowseChildren(const BrowseRequest& request) override
-    {
-        request.names.Add("A");
-        request.kinds.Add(2);
-        fail();
-        return E_FAIL;
-    }
-
-private:
-    std::function<void()> fail;
-};
-
-TEST(BrowseLimits, AnExceptionEndsATextListingAndPassesAPropertyListing)
-{
-    const std::pair<std::function<void()>, const char*> throwers[] = {
-        {[] { throw std::runtime_error("broken"); }, "broken"},
-        {[] { throw std::bad_alloc(); }, "memory"},
-        {[] { AfxThrowMemoryException(); }, "memory"},
-        {[] { throw 1; }, "number"},
-    };
-    CFakeComponent component("TYPE Odd STRUCT A INT END VAR V Odd AT %MW1 size 2");
-    for (const auto& [thrower, name] : throwers) {
-        CInProcessTable plant;
-        ASSERT_EQ(plant.table.Load("plant.kds"), 0);
-        plant.symb.GetTypes().AddTypeDef("odd", std::make_unique<CBrokenDef>(thrower));
-        EXPECT_EQ(plant.table.Browse({.path = "V"}), "A");
-        CHostListing listing;
-        std::string caught = "nothing";
-        try {
-            listing.Run(plant.table, {.path = "V"});
-        } catch (const CMemoryException&) {
-            caught = "memory";
-        } catch (const std::runtime_error& error) {
-            caught = error.what();
-        } catch (int) {
-            caught = "number";
-        }
-        EXPECT_EQ(caught, name);
-        EXPECT_EQ(listing.array, nullptr);
-        std::thread([&plant] { plant.symb.GetSourceName(); }).join(); // the lock is free again
-    }
 }
 
 } // namespace
