@@ -139,16 +139,6 @@ TEST(Init, KeepsWhatWasImportedBeforeAnException)
     }
 }
 
-TEST(Init, KeepsTheFunctionBlocksReadBeforeAnException)
-{
-    CImport import("DFB First IN SP INT @0 size 2 DFB Second IN SP INT @0 size 2 VAR ONE First @10 VAR TWO Second @20");
-    import.fake.Fail("GetTagName", 2, Fault::Number());
-    import.Load();
-    import.fake.Show("VAR ONE First @10 VAR TWO Second @20");
-    import.Load();
-    EXPECT_EQ(import.table.BrowsePage({}, 0).Text(), "ONE=!ONE >");
-}
-
 TEST(Init, ASecondLoadAddsToTheFirst)
 {
     CImport import("VAR A INT AT %MW1 size 2 VAR B INT AT %MW2 size 2");

@@ -74,16 +74,6 @@ TEST(ArrayDeclaration, IsReadAsFarAsItFits)
             EXPECT_EQ(ShowDeclaration(text), row.shown) << text;
 }
 
-TEST(ArrayBounds, CountOnlyWhatFits32Bits)
-{
-    const std::int32_t low = INT32_MIN, high = INT32_MAX;
-    const auto count = [](std::int32_t lower, std::int32_t upper) { return ArrayBounds{lower, upper}.ElementCount(); };
-    EXPECT_EQ((std::vector{count(0, 0), count(-5, 5), count(1, 0), count(high, low), count(low, low)}),
-              (std::vector{1U, 11U, 0U, 0U, 1U}));
-    EXPECT_EQ((std::vector{count(low, high), count(low, high - 1), count(low + 1, high), count(0, high)}),
-              (std::vector{0U, UINT32_MAX, UINT32_MAX, 0x80000000U}));
-}
-
 TEST(TextNumber, StopsAtTheFirstOtherCharacterAndSaturates)
 {
     const std::pair<const char*, std::int32_t> rows[] = {

@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 namespace {
 
 constexpr HRESULT kNotImplemented = static_cast<HRESULT>(0x80004001U);
@@ -25,18 +23,6 @@ TEST(Exports, RefuseNullAndNameTheirKind)
     EXPECT_EQ(library.newSymb(&symb), 0);
     ASSERT_NE(symb, nullptr);
     EXPECT_EQ(library.deleteSymb(symb), 0); // never saw Init
-}
-
-TEST(Exports, ObjectsKnowNothingOfEachOther)
-{
-    CTemporaryFolder folder;
-    auto first = std::make_unique<CHostTable>();
-    CHostTable second;
-    EXPECT_EQ(first->Load(WriteExport(folder, "VAR A INT AT %MW1 size 2", "first.kds")), 0);
-    EXPECT_EQ(second.Load(WriteExport(folder, "VAR B INT AT %MW2 size 2", "second.kds")), 0);
-    EXPECT_EQ(first->Lookup("B"), "refused, silent");
-    first.reset();
-    EXPECT_EQ(second.Lookup("B"), "INT +0 size 2 at %MW2");
 }
 
 void CheckConstantOperations(const CHostTable& table)
