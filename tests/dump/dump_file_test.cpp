@@ -331,6 +331,8 @@ TEST(DumpFile, IsWrittenAloneAndAfterTheComponentIsGone)
                                        return true;
                                    }));
         EXPECT_EQ(symb.Init("plant.kds", nullptr, TRUE, dumps.Path().c_str(), 0), 0);
+        std::string dump = dumps.ReadFile("plant.kds.log");
+        EXPECT_EQ(TakeStamps(dump).fileTime, "0"); // there is no such file
     };
     std::thread other(load);
     load();
