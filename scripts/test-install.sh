@@ -157,7 +157,7 @@ broken() {
     rm -rf "$prefix"
     cp -R "$work/moved here" "$prefix"
     (cd "$prefix/lib/symbkds" && "${@:4}")
-    "$prefix/bin/symbhost" resolve examples/plant.kds W1 >"$work/output" 2>&1 || status=$?
+    timeout 60 "$prefix/bin/symbhost" resolve examples/plant.kds W1 >"$work/output" 2>&1 || status=$?
     check "broken installation: $1" diff <(echo "status $2, told: $3") <(
         grep -F "$3" "$work/output" >"$work/told" && told=$3 || told=$(<"$work/output")
         echo "status $status, told: $told"
@@ -168,17 +168,32 @@ other_machine() {
     printf '\xb7' | dd of="$1" bs=1 seek=18 conv=notrunc status=none # the header names another processor
 }
 
+half() {
+    truncate --size=$(($(stat --format=%s "$1") / 2)) "$1"
+}
+
+# instead COMMAND FILE: makes something else under the file's name.
+instead() {
+    rm "$2"
+    "$1" "$2"
+}
+
 break_installations() {
     local no_library='cannot be loaded: it is no library that this program can load'
     local no_component="it was looked for here: $work/broken/lib/symbkds/comservers/$server"
     broken "no plug-in" 2 "there is no plug-in libsymbkds.so in $work/broken/bin or in $work/broken/lib/symbkds" \
         rm libsymbkds.so
     broken "a text as plug-in" 2 "$no_library" cp "$PWD/README.md" libsymbkds.so
+    broken "an empty plug-in" 2 "$no_library" truncate --size=0 libsymbkds.so
+    broken "a page of a plug-in" 2 "$no_library" truncate --size=4096 libsymbkds.so
     broken "a plug-in for another machine" 2 "$no_library" other_machine libsymbkds.so
+    broken "a pipe as plug-in" 2 "$no_library" instead mkfifo libsymbkds.so
     broken "a library that is no plug-in" 2 "it does not export NewSymb" cp libsymbplatform.so libsymbkds.so
     broken "no component" 2 "$no_component" rm -r comservers
     broken "a text as component" 2 "$no_component" cp "$PWD/README.md" "comservers/$server"
+    broken "half a component" 2 "$no_component" half "comservers/$server"
     broken "a component for another machine" 2 "$no_component" other_machine "comservers/$server"
+    broken "a folder as component" 2 "$no_component" instead mkdir "comservers/$server"
     broken "a library that is no component" 2 "$no_component" cp libsymbkds.so "comservers/$server"
     # Without it nothing of ours runs: the system tells.
     broken "no platform library" 127 "libsymbplatform.so: cannot open shared object file" rm libsymbplatform.so

@@ -1,6 +1,7 @@
 #include "platform/posix/InprocServers.h"
 
 #include "platform/com/InprocServerFile.h"
+#include "platform/posix/SharedLibrary.h"
 
 #include <climits>
 #include <cstdio>
@@ -34,7 +35,7 @@ GetClassObjectFunction FindInprocServer(REFCLSID clsid) noexcept
     if (!ServerPath(clsid, path))
         return nullptr;
     // The system keeps one copy of the library and counts how often it was asked for; nothing is ever given back.
-    void* const server = dlopen(path, RTLD_NOW | RTLD_LOCAL);
+    void* const server = OpenSharedLibrary(path);
     return server ? reinterpret_cast<GetClassObjectFunction>(dlsym(server, "DllGetClassObject")) : nullptr;
 }
 

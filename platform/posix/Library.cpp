@@ -1,5 +1,7 @@
 #include "platform/win32/Library.h"
 
+#include "platform/posix/SharedLibrary.h"
+
 #include <algorithm>
 #include <climits>
 #include <cstring>
@@ -9,7 +11,7 @@
 HMODULE LoadLibraryA(LPCSTR path)
 {
     // Without a name dlopen would answer with the running program.
-    HMODULE library = path && *path ? dlopen(path, RTLD_NOW | RTLD_LOCAL) : nullptr;
+    HMODULE library = path && *path ? OpenSharedLibrary(path) : nullptr;
     if (!library)
         SetLastError(ERROR_MOD_NOT_FOUND);
     return library;
