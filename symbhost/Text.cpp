@@ -68,37 +68,14 @@ bool BeginsCharacter(char byte)
 
 } // namespace
 
-std::string NarrowText(LPCWSTR text, std::size_t units, UINT codePage)
-{
-    if (units == 0)
-        return {};
-    const int wideUnits = static_cast<int>(units);
-    const int bytes = WideCharToMultiByte(codePage, 0, text, wideUnits, nullptr, 0, nullptr, nullptr);
-    std::string narrow(static_cast<std::size_t>(std::max(bytes, 0)), '\0');
-    WideCharToMultiByte(codePage, 0, text, wideUnits, narrow.data(), bytes, nullptr, nullptr);
-    return narrow;
-}
-
 std::string NarrowText(LPCWSTR text, UINT codePage)
 {
-    return text ? NarrowText(text, std::char_traits<WCHAR>::length(text), codePage) : std::string();
-}
-
-WideString WideText(const std::string& text, UINT codePage)
-{
-    if (text.empty())
-        return {};
-    const int bytes = static_cast<int>(text.size());
-    const int units = MultiByteToWideChar(codePage, 0, text.data(), bytes, nullptr, 0);
-    WideString wide(static_cast<std::size_t>(std::max(units, 0)), WCHAR{});
-    MultiByteToWideChar(codePage, 0, text.data(), bytes, wide.data(), units);
-    return wide;
+    return text ? Narrow(text, codePage) : std::string();
 }
 
 std::string Utf8FromArgument(const std::string& argument)
 {
-    const WideString wide = WideText(argument, CP_ACP);
-    return NarrowText(wide.data(), wide.size(), CP_UTF8);
+    return Narrow(Widen(argument, CP_ACP), CP_UTF8);
 }
 
 std::string Printable(std::string_view text)

@@ -1,19 +1,13 @@
 // Texts between the plug-in, the command line and the terminal.
 #pragma once
 
-#include "platform/win32/Types.h"
+#include "platform/mfc/Conversion.h"
 
 #include <string>
 #include <string_view>
 
-using WideString = std::basic_string<WCHAR>;
-
-// The two directions between UTF-16 and the narrow encoding `codePage`; what
-// cannot be converted becomes a replacement character.
-std::string NarrowText(LPCWSTR text, std::size_t units, UINT codePage);
-// Null counts as empty.
+// Narrow for a null-terminated text; null counts as empty.
 std::string NarrowText(LPCWSTR text, UINT codePage);
-WideString WideText(const std::string& text, UINT codePage);
 
 // A command-line argument (ANSI code page) in UTF-8, as the plug-in wants names.
 std::string Utf8FromArgument(const std::string& argument);

@@ -41,13 +41,13 @@ void CheckLength(std::size_t length)
 
 } // namespace
 
-std::basic_string<WCHAR> Widen(std::string_view narrow, UINT codePage)
+WideString Widen(std::string_view narrow, UINT codePage)
 {
     CheckLength(narrow.size());
     if (IsAscii(narrow))
         return {narrow.begin(), narrow.end()};
     const int units = ToWide(narrow, codePage, nullptr, 0);
-    std::basic_string<WCHAR> wide(static_cast<std::size_t>(units), 0);
+    WideString wide(static_cast<std::size_t>(units), 0);
     ToWide(narrow, codePage, wide.data(), units);
     return wide;
 }

@@ -10,8 +10,10 @@
 #include <string>
 #include <string_view>
 
+using WideString = std::basic_string<WCHAR>;
+
 // Both raise std::bad_alloc when memory is short. Without such a code page a text that is not ASCII becomes empty.
-PLATFORM_API std::basic_string<WCHAR> Widen(std::string_view narrow, UINT codePage);
+PLATFORM_API WideString Widen(std::string_view narrow, UINT codePage);
 PLATFORM_API std::string Narrow(std::basic_string_view<WCHAR> wide, UINT codePage);
 
 // A new text, the caller's. Null with GetLastError() when memory is short (ERROR_OUTOFMEMORY) or there is no such

@@ -1,6 +1,6 @@
 #include "symbhost/commands/CTextInput.h"
 
-#include "symbhost/Text.h"
+#include "platform/mfc/Conversion.h"
 
 #include "platform/win32/CodePage.h"
 
@@ -69,7 +69,7 @@ void CTextInput::Decode(char16_t unit)
             else
                 keptUnit = low;
         }
-    pending = NarrowText(units.data(), units.size(), CP_UTF8);
+    pending = Narrow(units, CP_UTF8);
     handedOut = 0;
 }
 

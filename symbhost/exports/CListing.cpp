@@ -14,7 +14,7 @@ namespace {
 class CContinuationPoint
 {
 public:
-    explicit CContinuationPoint(const std::string& name) : passed(WideText(name, CP_UTF8)), slot(passed.data()) {}
+    explicit CContinuationPoint(const std::string& name) : passed(Widen(name, CP_UTF8)), slot(passed.data()) {}
     CContinuationPoint(const CContinuationPoint&) = delete;
     CContinuationPoint& operator=(const CContinuationPoint&) = delete;
     ~CContinuationPoint()

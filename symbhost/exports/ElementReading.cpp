@@ -4,8 +4,8 @@
 #include "symbkds/model/TextNumber.h"
 #include "symbkds/model/WideToUtf8.h"
 
+#include "platform/mfc/Conversion.h"
 #include "platform/win32/CodePage.h"
-#include "symbhost/Text.h"
 
 #include <algorithm>
 
@@ -23,7 +23,7 @@ public:
         const CString kept = WideToUtf8(text.Get());
         Note(text);
         const bool mayBeCut = text.Length() * 3 > static_cast<unsigned>(kMaxUtf8Bytes);
-        if (mayBeCut && NarrowText(text.Get(), text.Length(), CP_UTF8).size() > static_cast<std::size_t>(kMaxUtf8Bytes))
+        if (mayBeCut && Narrow({text.Get(), text.Length()}, CP_UTF8).size() > static_cast<std::size_t>(kMaxUtf8Bytes))
             record.hasCutText = true;
         return std::string(kept.View());
     }
@@ -31,7 +31,7 @@ public:
     std::string TakeWhole(const CBstr& text) const
     {
         Note(text);
-        return NarrowText(text.Get(), text.Length(), CP_UTF8);
+        return Narrow({text.Get(), text.Length()}, CP_UTF8);
     }
 
 private:

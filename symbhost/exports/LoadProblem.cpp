@@ -13,7 +13,7 @@ std::string TextOf(LoadReport& report, HRESULT (STDMETHODCALLTYPE LoadReport::*g
 {
     CBstr text;
     (report.*get)(text.Put()); // a failure leaves it empty
-    return NarrowText(text.Get(), text.Length(), CP_UTF8);
+    return Narrow({text.Get(), text.Length()}, CP_UTF8);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "symbhost/exports/Lookup.h"
 
+#include "platform/mfc/Conversion.h"
 #include "platform/win32/CodePage.h"
-#include "symbhost/Text.h"
 #include "symbhost/plugin/HostMemory.h"
 
 namespace {
@@ -12,14 +12,14 @@ void TakeTexts(const PropertyEntry* properties, DWORD count, LookupAnswer& symbo
     for (const PropertyEntry* entry = properties; entry != properties + count; ++entry) {
         if (entry->value.vt != VT_BSTR || !entry->value.bstrVal)
             continue;
-        const BSTR text = entry->value.bstrVal;
-        const std::size_t units = SysStringLen(text);
+        const BSTR bstr = entry->value.bstrVal;
+        const std::basic_string_view<WCHAR> text(bstr, SysStringLen(bstr));
         if (entry->identifier == PROP_TYPE_NAME)
-            symbol.typeName = NarrowText(text, units, CP_UTF8);
+            symbol.typeName = Narrow(text, CP_UTF8);
         else if (entry->identifier == PROP_CUSTOMER_STRING)
-            symbol.customerString = NarrowText(text, units, CP_UTF8);
+            symbol.customerString = Narrow(text, CP_UTF8);
         else if (entry->identifier == PROP_KIND_NAME)
-            symbol.kindName = NarrowText(text, units, CP_THREAD_ACP);
+            symbol.kindName = Narrow(text, CP_THREAD_ACP);
     }
 }
 

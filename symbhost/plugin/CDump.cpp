@@ -1,9 +1,9 @@
 #include "symbhost/plugin/CDump.h"
 
+#include "platform/mfc/Conversion.h"
 #include "platform/win32/CodePage.h"
 #include "platform/win32/File.h"
 #include "symbhost/Failure.h"
-#include "symbhost/Text.h"
 #include "symbhost/plugin/DumpFile.h"
 
 #include <random>
@@ -20,7 +20,7 @@ fs::path NativePath(const std::string& path)
     if constexpr (std::is_same_v<fs::path::value_type, char>)
         return path;
     else
-        return WideText(path, CP_ACP);
+        return Widen(path, CP_ACP);
 }
 
 } // namespace
