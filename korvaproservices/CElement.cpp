@@ -25,7 +25,7 @@ BSTR MakeTextOf(pugi::xml_node element)
             joined = text;
         joined += child.value();
     }
-    return MakeBstr(joined.empty() ? text : joined.c_str());
+    return BstrOf(joined.empty() ? text : joined.c_str());
 }
 
 // The first child element of that name; a null node when there is none.
@@ -69,7 +69,7 @@ HRESULT CElement::GetChildText(BSTR tag, BSTR* text)
 
 HRESULT CElement::GetAttribute(BSTR name, BSTR* value)
 {
-    return Deliver(value, [&] { return MakeBstr(FindAttribute(node, ViewOf(name)).value()); });
+    return Deliver(value, [&] { return BstrOf(FindAttribute(node, ViewOf(name)).value()); });
 }
 
 HRESULT CElement::GetChildren(WalkList** list)
@@ -91,7 +91,7 @@ HRESULT CElement::GetChildrenByName(BSTR tag, WalkList** list)
 
 HRESULT CElement::GetTagName(BSTR* name)
 {
-    return Deliver(name, [&] { return MakeBstr(node.name()); });
+    return Deliver(name, [&] { return BstrOf(node.name()); });
 }
 
 HRESULT CElement::SelectChildren(BSTR tag, BSTR attribute, BSTR value, WalkList** list)

@@ -111,15 +111,15 @@ HRESULT CKorvaProServices::GetPosition(LONG* line, LONG* column)
 
 HRESULT CKorvaProServices::GetFault(BSTR* text)
 {
-    return Deliver(text, [&] { return MakeBstr(findings.fault); });
+    return Deliver(text, [&] { return BstrOf(findings.fault); });
 }
 
 HRESULT CKorvaProServices::GetDeclaredEncoding(BSTR* name)
 {
-    return Deliver(name, [&] { return MakeBstr(findings.declaredEncoding.c_str()); });
+    return Deliver(name, [&] { return BstrOf(findings.declaredEncoding.c_str()); });
 }
 
 HRESULT CKorvaProServices::GetUsedEncoding(BSTR* name)
 {
-    return Deliver(name, [&] { return MakeBstr(findings.usedEncoding); });
+    return Deliver(name, [&] { return BstrOf(findings.usedEncoding); });
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvaproservices/Text.h"
+#include "korvaproservices/DocumentText.h"
 
 #include <pugixml.hpp>
 

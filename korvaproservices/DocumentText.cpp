@@ -1,13 +1,13 @@
-#include "korvaproservices/Text.h"
+#include "korvaproservices/DocumentText.h"
 
 #include "platform/mfc/Conversion.h"
 #include "platform/win32/CodePage.h"
 
 #include <new>
 
-BSTR MakeBstr(const char* text)
+BSTR BstrOf(const char* text)
 {
-    BSTR made = MakeBstr(std::string_view(text), CP_UTF8);
+    BSTR made = MakeBstr(text, CP_UTF8);
     if (!made)
         throw std::bad_alloc();
     return made;

@@ -7,7 +7,7 @@
 
 // A new text from UTF-8; each ill-formed sequence becomes U+FFFD. Never null:
 // raises std::bad_alloc when memory is short.
-BSTR MakeBstr(const char* text);
+BSTR BstrOf(const char* text);
 
 // Null counts as empty.
 inline std::basic_string_view<OLECHAR> ViewOf(BSTR text)
