@@ -23,10 +23,10 @@ int Fail(DWORD error)
 
 // Where converted units go. It counts all of them and stores those that fit.
 template <class Unit>
-class COutput
+class CUnitWriter
 {
 public:
-    COutput(Unit* start, int count) : units(start), room(static_cast<std::size_t>(count)) {}
+    CUnitWriter(Unit* start, int count) : units(start), room(static_cast<std::size_t>(count)) {}
 
     void Put(Unit unit)
     {
@@ -120,7 +120,7 @@ char32_t NextCharacter(const char*& at, const char* end)
     return character;
 }
 
-void Widen(std::string_view narrow, COutput<WCHAR>& output)
+void WriteUtf16(std::string_view narrow, CUnitWriter<WCHAR>& output)
 {
     const char* at = narrow.data();
     const char* const end = at + narrow.size();
@@ -151,7 +151,7 @@ char32_t NextCharacter(const WCHAR*& at, const WCHAR* end)
     return 0x10000 + ((unit - 0xD800) << 10) + (*at++ - 0xDC00U);
 }
 
-void Narrow(std::u16string_view wide, COutput<char>& output)
+void WriteUtf8(std::u16string_view wide, CUnitWriter<char>& output)
 {
     const WCHAR* at = wide.data();
     const WCHAR* const end = at + wide.size();
@@ -191,8 +191,8 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR narrow, int narrowByt
 {
     if (!IsUtf8(codePage) || flags != 0 || !narrow || narrowBytes == 0 || wideUnits < 0 || (wideUnits > 0 && !wide))
         return Fail(ERROR_INVALID_PARAMETER);
-    COutput<WCHAR> output(wide, wideUnits);
-    Widen(SourceText(narrow, narrowBytes), output);
+    CUnitWriter<WCHAR> output(wide, wideUnits);
+    WriteUtf16(SourceText(narrow, narrowBytes), output);
     return output.Result();
 }
 
@@ -202,7 +202,7 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR wide, int wideUnits,
     if (!IsUtf8(codePage) || flags != 0 || !wide || wideUnits == 0 || narrowBytes < 0 || (narrowBytes > 0 && !narrow) ||
         defaultChar || usedDefaultChar)
         return Fail(ERROR_INVALID_PARAMETER);
-    COutput<char> output(narrow, narrowBytes);
-    Narrow(SourceText(wide, wideUnits), output);
+    CUnitWriter<char> output(narrow, narrowBytes);
+    WriteUtf8(SourceText(wide, wideUnits), output);
     return output.Result();
 }

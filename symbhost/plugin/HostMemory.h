@@ -2,17 +2,13 @@
 #pragma once
 
 #include "platform/com/TaskMemory.h"
+#include "platform/mfc/CHeapFree.h"
 #include "symb/AddressDescriptor.h"
 #include "symb/BrowseElement.h"
 #include "symb/PropertyEntry.h"
 
-#include <cstdlib>
 #include <memory>
 
-struct CHeapFree
-{
-    void operator()(void* block) const { std::free(block); }
-};
 using DescriptorHolder = std::unique_ptr<AddressDescriptor, CHeapFree>;
 
 // `delete[]`, which clears the values.
