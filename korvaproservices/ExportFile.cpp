@@ -1,6 +1,6 @@
 #include "korvaproservices/ExportFile.h"
 
-#include "platform/win32/File.h"
+#include "platform/mfc/CFileHandle.h"
 
 #include <algorithm>
 #include <limits>
@@ -21,24 +21,6 @@ HRESULT LastResult()
         return HRESULT_FROM_WIN32(error);
     }
 }
-
-class CFileHandle
-{
-public:
-    explicit CFileHandle(HANDLE opened) : handle(opened) {}
-    CFileHandle(const CFileHandle&) = delete;
-    CFileHandle& operator=(const CFileHandle&) = delete;
-    ~CFileHandle()
-    {
-        if (handle != INVALID_HANDLE_VALUE)
-            CloseHandle(handle);
-    }
-
-    HANDLE Get() const { return handle; }
-
-private:
-    HANDLE handle;
-};
 
 // A file that shrinks while it is read gives what there is.
 HRESULT Fill(HANDLE file, CExportBytes& bytes)
@@ -69,7 +51,7 @@ HRESULT ReadExportFile(LPCWSTR path, std::optional<CExportBytes>& bytes)
         return HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
     const CFileHandle file(
         CreateFileW(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (file.Get() == INVALID_HANDLE_VALUE)
+    if (!file.IsOpen())
         return LastResult();
     if (GetFileType(file.Get()) != FILE_TYPE_DISK)
         return HRESULT_FROM_WIN32(ERROR_INVALID_DATA);

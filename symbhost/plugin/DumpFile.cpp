@@ -1,10 +1,9 @@
 #include "symbhost/plugin/DumpFile.h"
 
-#include "platform/win32/File.h"
+#include "platform/mfc/CFileHandle.h"
 
 #include <algorithm>
 #include <charconv>
-#include <memory>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -16,12 +15,6 @@ constexpr std::string_view kLastLine = "QUICK SAVE DICO V1.0 END OF FILE ";
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::size_t kKept = 256; // bytes, more than either line has
 
-struct CFileClose
-{
-    void operator()(HANDLE file) const { CloseHandle(file); }
-};
-using FileHolder = std::unique_ptr<void, CFileClose>;
-
 struct FileEnds
 {
     std::string head; // at most kKept bytes each; they overlap in a short file
@@ -31,17 +24,14 @@ struct FileEnds
 // Nothing when the file cannot be read.
 std::optional<FileEnds> ReadEnds(const std::string& path)
 {
-    const HANDLE handle = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE)
-        return std::nullopt;
-    const FileHolder file(handle);
-    if (GetFileType(handle) != FILE_TYPE_DISK)
+    const CFileHandle file(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                       FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file.IsOpen() || GetFileType(file.Get()) != FILE_TYPE_DISK)
         return std::nullopt;
     FileEnds ends;
     std::vector<char> buffer(64 * 1024);
     for (DWORD done = 0;;) {
-        if (!ReadFile(handle, buffer.data(), static_cast<DWORD>(buffer.size()), &done, nullptr))
+        if (!ReadFile(file.Get(), buffer.data(), static_cast<DWORD>(buffer.size()), &done, nullptr))
             return std::nullopt;
         if (done == 0)
             return ends;
