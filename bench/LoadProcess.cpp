@@ -70,13 +70,13 @@ bool RunLoadProcess(int argumentCount, char** arguments)
     const std::string folder = std::filesystem::path(path).parent_path().string();
     CSamples seconds;
     HeapUse use;
-    if (kind == LoadKind::parse)
+    if (kind == LoadKind::Parse)
         Parse(path, seconds);
     else {
         CSymb* table = NewSymbolTable();
-        if (kind == LoadKind::initCounted)
+        if (kind == LoadKind::InitCounted)
             StartCounting();
-        Init(table, path, kind == LoadKind::initAndDump ? folder.c_str() : nullptr, seconds);
+        Init(table, path, kind == LoadKind::InitAndDump ? folder.c_str() : nullptr, seconds);
         use = StopCounting();
     }
     std::cout << seconds.Median() << ' ' << PeakBytes() << ' ' << use.bytes << ' ' << use.allocations << std::endl;

@@ -8,10 +8,10 @@
 
 enum class LoadKind
 {
-    parse,       // pugixml alone
-    init,        // Init without a dump
-    initAndDump, // Init with a dump
-    initCounted  // Init with its allocations counted
+    Parse,       // pugixml alone
+    Init,        // Init without a dump
+    InitAndDump, // Init with a dump
+    InitCounted  // Init with its allocations counted
 };
 
 struct LoadResult

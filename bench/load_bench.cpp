@@ -21,13 +21,13 @@ void Load(benchmark::State& state)
     CSamples initAndDump;
     LoadResult dumped;
     for (auto _ : state) {
-        parse.Add(LoadInNewProcess(LoadKind::parse, path).seconds);
-        init.Add(LoadInNewProcess(LoadKind::init, path).seconds);
-        dumped = LoadInNewProcess(LoadKind::initAndDump, path);
+        parse.Add(LoadInNewProcess(LoadKind::Parse, path).seconds);
+        init.Add(LoadInNewProcess(LoadKind::Init, path).seconds);
+        dumped = LoadInNewProcess(LoadKind::InitAndDump, path);
         initAndDump.Add(dumped.seconds);
         state.SetIterationTime(dumped.seconds);
     }
-    const LoadResult counted = LoadInNewProcess(LoadKind::initCounted, path);
+    const LoadResult counted = LoadInNewProcess(LoadKind::InitCounted, path);
     const double fileBytes = static_cast<double>(std::filesystem::file_size(path));
     const double perVariable = kNanoseconds / variables;
     state.counters["parse_ns"] = parse.Median() * perVariable;

@@ -101,7 +101,7 @@ void Tool(benchmark::State& state)
     CSymb& table = LoadedProject(variables);
     CSamples load, lookups, list, listAll, first, check, diff;
     for (auto _ : state) {
-        load.Add(LoadInNewProcess(LoadKind::init, path).seconds);
+        load.Add(LoadInNewProcess(LoadKind::Init, path).seconds);
         lookups.Measure([&] { LookUpAll(table, names); });
         list.Add(SecondsOf("list " + quoted + " >/dev/null", report));
         listAll.Add(SecondsOf("list --all " + quoted + " >/dev/null", report));

@@ -204,7 +204,7 @@ TEST(Init, AnyCallOfTheComponentMayFail)
                          std::to_string(static_cast<int>(fault.kind)));
             // What a class object delivers beside a failure reaches nobody.
             if (calls[i] == "CreateInstance" &&
-                (fault.kind == Fault::Kind::kResultAndValue || (fault.Throws() && !kCreationMayThrow)))
+                (fault.kind == Fault::Kind::ResultAndValue || (fault.Throws() && !kCreationMayThrow)))
                 continue;
             FailOnce(calls[i], occurrence, fault);
         }

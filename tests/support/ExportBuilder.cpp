@@ -34,11 +34,11 @@ constexpr std::string_view kBlanks = " \n\t";
 
 enum class WordForm
 {
-    kBare,
-    kQuoted,
-    kComment,
-    kRaw,
-    kEnd
+    Bare,
+    Quoted,
+    Comment,
+    Raw,
+    End
 };
 
 // Takes a text apart, one word ahead.
@@ -51,7 +51,7 @@ public:
     {
         ExportNode root{"LocatedSymbolTable"}, dataBlock{"dataBlock"};
         bool wantsDataBlock = true;
-        while (form != WordForm::kEnd) {
+        while (form != WordForm::End) {
             if (TakeIf("TYPE"))
                 root.children.push_back(ParseType());
             else if (TakeIf("DFB"))
@@ -80,7 +80,7 @@ private:
                                  reason + " at \"" + word + "\"");
     }
 
-    bool Is(std::string_view keyword) const { return form == WordForm::kBare && word == keyword; }
+    bool Is(std::string_view keyword) const { return form == WordForm::Bare && word == keyword; }
     bool TakeIf(std::string_view keyword) { return Is(keyword) && (Advance(), true); }
     std::string Take()
     {
@@ -90,7 +90,7 @@ private:
     }
     std::string TakeText(const char* what)
     {
-        if (form != WordForm::kBare && form != WordForm::kQuoted)
+        if (form != WordForm::Bare && form != WordForm::Quoted)
             Refuse(std::string(what) + " is expected");
         return Take();
     }
@@ -107,12 +107,12 @@ private:
         const bool raw = Is("RAW") || Is("RAWVAR");
         rest.remove_prefix(std::min(rest.find_first_not_of(kBlanks), rest.size()));
         word.clear();
-        form = rest.empty()           ? WordForm::kEnd
-               : raw                  ? WordForm::kRaw
-               : rest.front() == '"'  ? WordForm::kQuoted
-               : rest.front() == '\'' ? WordForm::kComment
-                                      : WordForm::kBare;
-        if (form == WordForm::kQuoted || form == WordForm::kComment)
+        form = rest.empty()           ? WordForm::End
+               : raw                  ? WordForm::Raw
+               : rest.front() == '"'  ? WordForm::Quoted
+               : rest.front() == '\'' ? WordForm::Comment
+                                      : WordForm::Bare;
+        if (form == WordForm::Quoted || form == WordForm::Comment)
             return ReadQuoted(Pop());
         int open = 0; // blanks between brackets belong to the word
         while (!rest.empty() && (raw ? rest.front() != '\n' : open > 0 || kBlanks.find(rest.front()) == kBlanks.npos)) {
@@ -147,7 +147,7 @@ private:
     // Takes the END of a declaration, which another one implies.
     bool AtEnd()
     {
-        return TakeIf("END") || form == WordForm::kEnd || Is("TYPE") || Is("DFB") || Is("VAR") || Is("RAWVAR") ||
+        return TakeIf("END") || form == WordForm::End || Is("TYPE") || Is("DFB") || Is("VAR") || Is("RAWVAR") ||
                Is("NODATABLOCK");
     }
 
@@ -171,7 +171,7 @@ private:
         ExportNode source{"FBSource", {{"nameOfFBType", TakeText("a name")}}};
         while (!AtEnd()) {
             const auto section = Sections().find(word);
-            if (form == WordForm::kBare && section != Sections().end()) {
+            if (form == WordForm::Bare && section != Sections().end()) {
                 Advance();
                 source.children.push_back({section->second});
             } else if (source.children.empty()) {
@@ -196,11 +196,11 @@ private:
 
     bool ParseProperty(ExportNode& node)
     {
-        if (form == WordForm::kComment) {
+        if (form == WordForm::Comment) {
             node.children.push_back({.tag = "comment", .text = Take()});
             return true;
         }
-        if (form != WordForm::kBare)
+        if (form != WordForm::Bare)
             return false;
         if (TakeIf("AT")) {
             node.attributes.emplace_back("topologicalAddress", TakeText("an address"));
@@ -223,7 +223,7 @@ private:
     }
 
     std::string_view whole, rest;
-    WordForm form = WordForm::kEnd;
+    WordForm form = WordForm::End;
     std::string word;
 };
 

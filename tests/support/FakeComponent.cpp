@@ -62,11 +62,11 @@ struct FakeState
         }
         if (watch)
             watch(call);
-        if (applied && applied->kind == Fault::Kind::kStandard)
+        if (applied && applied->kind == Fault::Kind::Standard)
             throw std::runtime_error(applied->text);
-        if (applied && applied->kind == Fault::Kind::kWithoutText)
+        if (applied && applied->kind == Fault::Kind::WithoutText)
             throw CTextlessException();
-        if (applied && applied->kind == Fault::Kind::kNumber)
+        if (applied && applied->kind == Fault::Kind::Number)
             throw 1;
         return applied;
     }
@@ -116,10 +116,10 @@ protected:
     {
         *out = Out{};
         std::optional<Fault> fault = state->Enter(call);
-        if (fault && fault->kind == Fault::Kind::kResult)
+        if (fault && fault->kind == Fault::Kind::Result)
             return fault->result;
         HRESULT result = deliver();
-        if (fault && fault->kind == Fault::Kind::kNumberAndValue)
+        if (fault && fault->kind == Fault::Kind::NumberAndValue)
             throw 1;
         return fault ? fault->result : result;
     }

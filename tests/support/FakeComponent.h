@@ -16,26 +16,26 @@ struct Fault
 {
     enum class Kind
     {
-        kResult,         // `result`, nothing delivered
-        kResultAndValue, // `result`, but the value is delivered
-        kStandard,       // throws std::runtime_error(text)
-        kWithoutText,    // throws a std::exception whose what() is null
-        kNumber,         // throws an int
-        kNumberAndValue  // throws an int after the value was delivered
+        Result,         // `result`, nothing delivered
+        ResultAndValue, // `result`, but the value is delivered
+        Standard,       // throws std::runtime_error(text)
+        WithoutText,    // throws a std::exception whose what() is null
+        Number,         // throws an int
+        NumberAndValue  // throws an int after the value was delivered
     };
 
     Kind kind;
     HRESULT result = 0;
     std::string text = {};
 
-    static Fault Result(HRESULT result) { return {Kind::kResult, result}; }
-    static Fault ResultAndValue(HRESULT result) { return {Kind::kResultAndValue, result}; }
-    static Fault Standard(std::string text) { return {Kind::kStandard, 0, std::move(text)}; }
-    static Fault WithoutText() { return {Kind::kWithoutText}; }
-    static Fault Number() { return {Kind::kNumber}; }
-    static Fault NumberAndValue() { return {Kind::kNumberAndValue}; }
+    static Fault Result(HRESULT result) { return {Kind::Result, result}; }
+    static Fault ResultAndValue(HRESULT result) { return {Kind::ResultAndValue, result}; }
+    static Fault Standard(std::string text) { return {Kind::Standard, 0, std::move(text)}; }
+    static Fault WithoutText() { return {Kind::WithoutText}; }
+    static Fault Number() { return {Kind::Number}; }
+    static Fault NumberAndValue() { return {Kind::NumberAndValue}; }
 
-    bool Throws() const { return kind != Kind::kResult && kind != Kind::kResultAndValue; }
+    bool Throws() const { return kind != Kind::Result && kind != Kind::ResultAndValue; }
 };
 
 // Whether an exception may leave CoCreateInstance: that of Windows lets none out.
