@@ -1,6 +1,6 @@
 #include "bench/LoadProcess.h"
 
-#include "bench/Comparison.h"
+#include "bench/CSamples.h"
 #include "bench/CountedHeap.h"
 #include "bench/Projects.h"
 

@@ -1,5 +1,5 @@
 // What does a listing cost beside the least that it must do, and what do pages cost beside one listing?
-#include "bench/Comparison.h"
+#include "bench/CSamples.h"
 #include "bench/CountedHeap.h"
 #include "bench/ProjectGenerator.h"
 #include "bench/Projects.h"

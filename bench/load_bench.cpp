@@ -1,5 +1,5 @@
 // How long does a load take, and how much memory, beside the bare parse of the same file?
-#include "bench/Comparison.h"
+#include "bench/CSamples.h"
 #include "bench/LoadProcess.h"
 #include "bench/Projects.h"
 

@@ -1,6 +1,6 @@
 // Measures the library beside floors that are measured in the same run; see docs/performance.md.
+#include "bench/CResultKeeper.h"
 #include "bench/LoadProcess.h"
-#include "bench/TargetTable.h"
 
 int main(int argc, char** argv)
 {

@@ -1,5 +1,5 @@
 // What do the commands of symbhost take beside the loads and lookups that they are made of?
-#include "bench/Comparison.h"
+#include "bench/CSamples.h"
 #include "bench/LoadProcess.h"
 #include "bench/Projects.h"
 #include "platform/mfc/CString.h"

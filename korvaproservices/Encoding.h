@@ -1,7 +1,7 @@
 // The encodings of exports.
 #pragma once
 
-#include "korvaproservices/ExportBytes.h"
+#include "korvaproservices/CExportBytes.h"
 
 #include <string_view>
 

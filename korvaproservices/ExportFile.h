@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvaproservices/ExportBytes.h"
+#include "korvaproservices/CExportBytes.h"
 #include "platform/win32/Types.h"
 
 #include <optional>

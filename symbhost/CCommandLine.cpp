@@ -1,8 +1,8 @@
 #include "symbhost/CCommandLine.h"
 
+#include "symbhost/CNearestNames.h"
 #include "symbhost/CProgress.h"
 #include "symbhost/Failure.h"
-#include "symbhost/NearestNames.h"
 #include "symbhost/Text.h"
 #include "symbhost/commands/DumpCommand.h"
 #include "symbhost/commands/InfoCommand.h"

@@ -1,7 +1,7 @@
 #include "symbhost/commands/CNameList.h"
 
+#include "symbhost/CNearestNames.h"
 #include "symbhost/Failure.h"
-#include "symbhost/NearestNames.h"
 #include "symbhost/Text.h"
 #include "symbhost/exports/UpperName.h"
 

@@ -1,6 +1,6 @@
 #include "symbhost/exports/CExplainer.h"
 
-#include "symbhost/NearestNames.h"
+#include "symbhost/CNearestNames.h"
 #include "symbhost/Text.h"
 #include "symbhost/exports/ListedReason.h"
 #include "symbhost/exports/UpperName.h"

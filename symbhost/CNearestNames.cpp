@@ -1,4 +1,4 @@
-#include "symbhost/NearestNames.h"
+#include "symbhost/CNearestNames.h"
 
 #include "symbhost/exports/UpperName.h"
 

@@ -1,4 +1,4 @@
-#include "bench/TargetTable.h"
+#include "bench/CResultKeeper.h"
 
 #include <cstdio>
 
