@@ -15,25 +15,25 @@ struct AddressDescriptor
     DWORD extraction;     // kExtractWhole or kExtractBit
     DWORD indirection;    // kDirect, or kByReference when the address holds a reference to the value
     WORD block;           // memory block number, AreaBlock of the export
-    WORD padding14;       // 0
+    WORD padding14;       // always 0
     DWORD offset;         // bytes from the start of the block
     DWORD size;           // bytes; of the whole word when one bit is extracted
     BYTE bit;             // 0 to 15, counted from the lowest; kNoBit when the whole value is meant
-    BYTE padding25[3];    // 0
+    BYTE padding25[3];    // always 0
     DWORD relativeOffset; // bytes below a function block parameter that is reached unlocated; else 0
-    DWORD reserved32;     // 0
+    DWORD reserved32;     // always 0
     WORD relativeSize;    // bytes (low 16 bits) of the value below such a parameter; else 0
-    WORD padding38;       // 0
-    DWORD reserved40;     // 1
-    BYTE reserved44;      // 0
-    BYTE padding45[3];    // 0
-    DWORD reserved48;     // 0
-    DWORD reserved52;     // 0
-    WORD reserved56;      // 0
-    WORD padding58;       // 0
-    DWORD reserved60;     // 0
+    WORD padding38;       // always 0
+    DWORD reserved40;     // always 1
+    BYTE reserved44;      // always 0
+    BYTE padding45[3];    // always 0
+    DWORD reserved48;     // always 0
+    DWORD reserved52;     // always 0
+    WORD reserved56;      // always 0
+    WORD padding58;       // always 0
+    DWORD reserved60;     // always 0
     DWORD consistencySum; // fourth plus fifth word of the project identification, modulo 2^32
-    DWORD reserved68;     // 0
+    DWORD reserved68;     // always 0
     DWORD accessRight;    // 1 read, 2 write, 3 read and write, 0 none; 1 for a value behind a reference
 
     static constexpr DWORD kExtractWhole = 1;

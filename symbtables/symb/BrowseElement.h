@@ -13,11 +13,11 @@ struct BrowseElement
     LPWSTR name;      // the entry's text, UTF-16, null-terminated
     LPWSTR itemId;    // the full item identifier, UTF-16, null-terminated
     DWORD kind;       // kLeaf or kBranch
-    DWORD reserved12; // 0
-    DWORD reserved16; // 0
-    DWORD reserved20; // 0
-    void* reserved24; // null
-    DWORD reserved28; // 0
+    DWORD reserved12; // always 0
+    DWORD reserved16; // always 0
+    DWORD reserved20; // always 0
+    void* reserved24; // always null
+    DWORD reserved28; // always 0
 
     static constexpr DWORD kLeaf = 2;   // a value of an elementary type
     static constexpr DWORD kBranch = 3; // a value of a derived type

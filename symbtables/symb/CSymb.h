@@ -52,8 +52,8 @@ public:
     virtual HRESULT ReservedB(LONG, LONG, LONG, LONG, LONG) = 0;
     virtual HRESULT ReservedC() = 0;
 
-    // [lock] Resolves the symbol `name` (any case; null counts as empty) to its address.
-    // `selector` is 0 or 1 and means nothing more.
+    // [lock] Resolves the symbol `name` (any case; null counts as empty) to its
+    // address. `selector` is 0 or 1 and means nothing more.
     //
     // S_OK: `address` holds the address text such as %MW10.5 (or nothing) and
     // `comment` the comment, UTF-8; `*descriptor` is released by the host with
@@ -70,17 +70,23 @@ public:
     // Not provided: E_NOTIMPL.
     virtual HRESULT ReservedD(LONG);
 
-    // [lock] Appends to `names` an entry for each symbol below `browsePath` (null or empty: the variables).
+    // [lock] Appends to `names` an entry for each symbol below `browsePath`
+    // (null or empty: the variables).
     //
-    // filter         not null; with "%UL" in it only what has no "%" address is listed
-    // namePattern    not null; "*" or a case-sensitive prefix, ended by the first "*" if there is one
+    // filter         not null; with "%UL" in it only what has no "%" address is
+    //                listed
+    // namePattern    not null; "*" or a case-sensitive prefix, ended by the
+    //                first "*" if there is one
     // varTypeFilter  0, or the variant type that a leaf must have (and a branch
     //                that is a member of a structure, when both are listed)
     // branchesOnly   only entries of a derived type
-    // wantLeaves, wantBranches  which entries to list otherwise
-    // fieldCount, fieldCodes    for each code "|" and a text are added to the
-    //                entry: 'A' the address, 'C' the comment, else nothing
-    // reserved1, reserved2, extra  not used
+    // wantLeaves,    which entries to list otherwise
+    // wantBranches
+    // fieldCount,    for each code "|" and a text are added to the entry: 'A'
+    // fieldCodes     the address, 'C' the comment, else nothing
+    // reserved1,     not used
+    // reserved2,
+    // extra
     //
     // A listing considers at most 1,048,576 elements of an array and ends when
     // its texts grow beyond 128 MiB together.
@@ -105,11 +111,13 @@ public:
     //                    listing is cut: a new text (CoTaskMemAlloc) with the
     //                    name of the first entry that did not fit. The text
     //                    passed in is not freed. May be null itself.
-    // maxElements        0: no limit, the array is grown with CoTaskMemRealloc; otherwise at
-    //                    most this many elements in all, which `*elements` must have room for
+    // maxElements        0: no limit, the array is grown with CoTaskMemRealloc;
+    //                    otherwise at most this many elements in all, which
+    //                    `*elements` must have room for
     // moreElements       out: 1 when the listing is cut, else left alone
     // elementCount       in and out: filled elements; new ones follow them
-    // elements, elementCapacity  in and out: the array and its capacity in elements
+    // elements,          in and out: the array and its capacity in elements
+    // elementCapacity
     //
     // E_INVALIDARG: one of the last four null, `fieldCodes` null with a
     // `fieldCount` above 0, a null array with a limit or an element count, or

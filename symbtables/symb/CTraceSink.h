@@ -16,7 +16,8 @@ public:
     static constexpr LONG kLevelFailure = 2;  // Init, an import or a lookup failed
 
     // One line without a line end. `text` is valid during the call only; the
-    // export's path in it has the encoding in which the host gave it, names are UTF-8.
+    // export's path in it has the encoding in which the host gave it, names are
+    // UTF-8.
     virtual void Trace(LONG level, LPCSTR text) = 0;
 
 protected:

@@ -6,11 +6,13 @@
 
 #include "symb/CSymb.h"
 
-// Stores a new object through `symbolTable`. Passes CMemoryException on when memory is short; nothing is stored then.
+// Stores a new object through `symbolTable`. Passes CMemoryException on when
+// memory is short; nothing is stored then.
 using NewSymbFunction = HRESULT(WINAPI*)(CSymb** symbolTable);
 constexpr LPCSTR kNewSymbExport = STDCALL_EXPORT_NAME("NewSymb", 4);
 
-// Destroys an object of the same plug-in. No other call on the object may be under way.
+// Destroys an object of the same plug-in. No other call on the object may be
+// under way.
 using DeleteSymbFunction = HRESULT(WINAPI*)(CSymb* symbolTable);
 constexpr LPCSTR kDeleteSymbExport = STDCALL_EXPORT_NAME("DeleteSymb", 4);
 

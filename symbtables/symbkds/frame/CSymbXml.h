@@ -20,9 +20,8 @@ struct WalkSource;
 // Two dictionaries, filled by Init and emptied by destruction: the variables
 // and the derived types. In between nothing changes them, except that requests
 // register anonymous array types, upper-case stored type names and classify
-// members anew. Every
-// operation that touches them holds `lock`; operations below that say so expect
-// their caller to hold it.
+// members anew. Every operation that touches them holds `lock`; operations below
+// that say so expect their caller to hold it.
 class CSymbXml : public CSymb
 {
 public:
@@ -120,7 +119,7 @@ private:
     BOOL verbose = FALSE;
     LONG consistencyState;
     std::int32_t fileTime = 0; // the export's modification time, seconds since 1970 UTC; 0: none recorded
-    MemoryArea wordArea;
+    MemoryArea wordArea;       // both stay empty: no export says where the areas lie
     MemoryArea bitArea;
     std::uint32_t anonymousArrayCounter = 0;
     Variables variables; // upper-case name to record, owned

@@ -44,13 +44,13 @@ void CSymbXml::FormatMemoryAddress(std::int32_t indirection, std::uint16_t block
     if (Contains(wordArea, wordArea, block, offset)) {
         const std::uint32_t relative = offset - wordArea.baseOffset;
         const std::uint32_t number = relative / 2 + wordArea.firstIndex;
-        if (number <= wordArea.count) // the one behind the last is still formatted
+        if (number <= wordArea.count) // as if the first were 0; the one behind the last is still formatted
             FormatWord(number, relative % 2 != 0, bit, size, typeCode, text);
         return;
     }
     if (Contains(bitArea, wordArea, block, offset)) {
         const std::uint32_t number = offset - bitArea.baseOffset + bitArea.firstIndex;
-        if (number < bitArea.count)
+        if (number < bitArea.count) // here it is not
             text.Format("%%M%d", static_cast<int>(number));
     }
 }
