@@ -312,8 +312,7 @@ public:
         return Answer("CreateInstance", object, [&]() -> HRESULT {
             if (outer)
                 return CLASS_E_NOAGGREGATION;
-            CInterfacePtr<IUnknown> services;
-            *services.Put() = new CFakeServices(state);
+            const auto services = CInterfacePtr<IUnknown>::Adopt(new CFakeServices(state));
             return services->QueryInterface(iid, object);
         });
     }
@@ -325,8 +324,7 @@ public:
 CFakeComponent::CFakeComponent(std::string_view exportText) : state(std::make_shared<FakeState>())
 {
     state->tree = ParseExport(exportText);
-    CInterfacePtr<IUnknown> classObject;
-    *classObject.Put() = new CFakeClassObject(state);
+    const auto classObject = CInterfacePtr<IUnknown>::Adopt(new CFakeClassObject(state));
     if (FAILED(CoRegisterClassObject(CLSID_KorvaProServices, classObject.Get(), CLSCTX_INPROC_SERVER,
                                      REGCLS_MULTIPLEUSE, &cookie)))
         throw std::runtime_error("the class object cannot be registered");
