@@ -6,6 +6,7 @@
 #include "symbhost/exports/TypeRings.h"
 #include "symbhost/exports/UpperName.h"
 #include "symbkds/model/ExportWords.h"
+#include "symbkds/model/ImportRules.h"
 
 namespace {
 
@@ -19,18 +20,29 @@ const char* KindText(const ExportType& type)
 template <class Visit>
 void ForEachMember(const CExportFile& file, const ExportType& type, Visit&& visit)
 {
+    const auto isBlock = [&file](const CString& typeName) {
+        const ExportType* const declared = file.FindType(static_cast<LPCSTR>(typeName));
+        return declared && declared->kind == ExportType::Kind::FunctionBlock;
+    };
+    const bool isHolderBlock = type.kind == ExportType::Kind::FunctionBlock;
     int position = 0;
     for (const ExportSection& section : type.sections) {
-        if (type.kind == ExportType::Kind::FunctionBlock && !IsFunctionBlockSection(section.tag))
+        if (isHolderBlock && !IsFunctionBlockSection(section.tag))
             continue;
         for (const ExportItem& member : section.members) {
-            const bool mayBeRemoved = type.kind == ExportType::Kind::FunctionBlock &&
-                                      position++ >= kFirstRemovableParameter &&
-                                      !FindElementaryType(member.typeName, NameCase::Ignored);
-            const ExportType* const own = mayBeRemoved ? file.FindType(member.typeName) : nullptr;
-            visit(member, own && own->kind == ExportType::Kind::FunctionBlock);
+            CString typeName(member.typeName.c_str());
+            visit(member, isHolderBlock && IsTakenOut(position++, typeName, isBlock));
         }
     }
+}
+
+// The bytes of a member for a host.
+std::uint32_t MemberSize(const ExportType& holder, const ExportItem& member, const TypeMeaning& meaning)
+{
+    const auto told = static_cast<std::uint32_t>(member.size.value_or(0));
+    const MemberOf kind =
+        holder.kind == ExportType::Kind::FunctionBlock ? MemberOf::FunctionBlock : MemberOf::Structure;
+    return meaning.elementary && !meaning.isArray ? ElementaryMemberSize(kind, told, meaning.elementarySize) : told;
 }
 
 bool IsHeld(const CExportFile& file, const ExportType& type)
@@ -42,8 +54,10 @@ bool IsHeld(const CExportFile& file, const ExportType& type)
 
 void CTypeCheck::NoteUse(const TypeMeaning& meaning, const ExportNumber& size, const std::string& user)
 {
+    if (!meaning.holder || meaning.elements == 0)
+        return;
     const auto bytes = static_cast<std::uint32_t>(size.value_or(0)) / meaning.elements;
-    if (!meaning.holder || bytes == 0)
+    if (bytes == 0)
         return;
     const auto [use, isNew] = smallestUses.try_emplace(meaning.holder, Use{bytes, user});
     if (!isNew && bytes < use->second.bytes)
@@ -113,7 +127,7 @@ void CTypeCheck::CheckDeclaration(const ExportType& type)
 {
     if (!IsRegistered(type)) {
         const ArrayDeclaration declaration(type.declaration.c_str());
-        if (declaration.tooManyDimensions)
+        if (!declaration.MakesValue())
             findings.Add(kUnusableArray, type.name,
                          "the array " + ArrayProblem(declaration) + "; the type is left out");
         else
@@ -162,9 +176,7 @@ void CTypeCheck::CheckMember(const ExportType& type, const ExportItem& member)
     if (IsUnreachable(member.name))
         findings.Add(kUnreachableName, symbol, "no path leads to a name like this");
     CheckEnd(type, member, meaning, symbol);
-    // The size of a structure's elementary member is that of its type, whatever the export says.
-    const bool isSizeTaken = type.kind == ExportType::Kind::FunctionBlock || meaning.isArray;
-    AddSizeFinding(member, meaning, !isSizeTaken, symbol, findings);
+    AddSizeFinding(member, meaning, MemberSize(type, member, meaning), symbol, findings);
     AddTextFindings(member, symbol, findings);
     if (member.hidden.value_or(0) != 0)
         findings.Add(kHiddenMember, symbol, "hidden from listings, but resolved");
@@ -176,10 +188,8 @@ void CTypeCheck::CheckEnd(const ExportType& type, const ExportItem& member, cons
     const auto use = smallestUses.find(&type);
     if (use == smallestUses.end())
         return;
-    const bool isTypeSize = type.kind == ExportType::Kind::Structure && meaning.elementary && !meaning.isArray;
-    const std::uint64_t size =
-        isTypeSize ? meaning.elementarySize : static_cast<std::uint32_t>(member.size.value_or(0));
-    const std::uint64_t end = static_cast<std::uint32_t>(member.offset.value_or(0)) + size;
+    const std::uint64_t end =
+        static_cast<std::uint32_t>(member.offset.value_or(0)) + std::uint64_t{MemberSize(type, member, meaning)};
     if (end > use->second.bytes)
         findings.Add(kOutsideParent, symbol,
                      "ends at byte " + std::to_string(end) + ", but " + use->second.user + " has " +

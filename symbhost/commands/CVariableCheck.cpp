@@ -75,8 +75,6 @@ void CVariableCheck::Check(std::uint32_t position, CPlaceFinder& places)
         AddDropped(item, meaning);
         return;
     }
-    if (!meaning.arrayProblem.empty() && !isOther)
-        findings.Add(kUnusableArray, item.name, "the array " + meaning.arrayProblem + "; nothing below it resolves");
     AddDuplicate(item, position, *listed);
     if (isOther)
         return; // of what a later one replaces a host sees nothing
@@ -85,7 +83,7 @@ void CVariableCheck::Check(std::uint32_t position, CPlaceFinder& places)
     if (place)
         CheckOverlap(item, *place, places);
     if (place && !listed->facts.isBit)
-        AddSizeFinding(item, meaning, false, item.name, findings);
+        AddSizeFinding(item, meaning, 0, item.name, findings);
     AddTextFindings(item, item.name, findings);
     if (place) {
         CheckAlias(item, *place, places);
@@ -119,9 +117,7 @@ void CVariableCheck::AddDuplicate(const ExportItem& item, std::uint32_t position
 
 void CVariableCheck::CheckHolder(const ExportItem& item, const TypeMeaning& meaning, const Listed& listed)
 {
-    if (!meaning.unknownType.empty())
-        findings.Add(kUnknownMemberType, item.name,
-                     "the type " + meaning.unknownType + " is not known; nothing below it is served");
+    AddTypeFindings(meaning, item.name, findings);
     if (IsUnreachable(item.name))
         findings.Add(kUnreachableName, item.name, "no path leads to a name like this");
     if (listed.facts.IsServed() && !PlaceOf(listed.facts))

@@ -17,6 +17,6 @@ void AddTextFindings(const Record& record, const std::string& symbol, CFindings&
 // What is wrong with a type that is named in place.
 void AddTypeFindings(const TypeMeaning& meaning, const std::string& symbol, CFindings& findings);
 
-// A size that is not what the type needs; `isAbsentRight`: a size that is not told does not matter.
-void AddSizeFinding(const ExportItem& item, const TypeMeaning& meaning, bool isAbsentRight, const std::string& symbol,
+// A size that is not what the type needs; `untold`: the bytes when the export tells none.
+void AddSizeFinding(const ExportItem& item, const TypeMeaning& meaning, std::uint32_t untold, const std::string& symbol,
                     CFindings& findings);

@@ -1,7 +1,7 @@
 #include "symbhost/exports/CProject.h"
 
+#include "symbhost/exports/TypeMeaning.h"
 #include "symbhost/exports/UpperName.h"
-#include "symbkds/model/ElementaryTypes.h"
 
 namespace {
 
@@ -34,14 +34,6 @@ std::string CProject::MemberType(const std::string& parentType, const std::strin
     return found;
 }
 
-// Whether a variable of this type may be the one that is listed as a branch or leaf, not one left out for its type.
-bool CProject::MayBeListed(const std::string& typeName, bool isBranch) const
-{
-    if (FindElementaryType(typeName, NameCase::Ignored))
-        return !isBranch;
-    return isBranch && (file.FindType(typeName) || UpperName(typeName).starts_with("ARRAY"));
-}
-
 std::optional<CProject::Root> CProject::FindListedRoot(const std::string& name, bool isBranch) const
 {
     std::optional<Root> found;
@@ -50,7 +42,7 @@ std::optional<CProject::Root> CProject::FindListedRoot(const std::string& name, 
         Root root{file.ReadVariable(position), true, isBranch};
         if (root.item.name != name)
             continue;
-        if (positions.size() == 1 || MayBeListed(root.item.typeName, isBranch))
+        if (positions.size() == 1 || MeaningOf(file, root.item.typeName).isFound)
             return root;
         if (!found)
             found = std::move(root);

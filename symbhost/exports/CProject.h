@@ -34,8 +34,6 @@ public:
     std::optional<Root> FindListedRoot(const std::string& name, bool isBranch) const;
 
 private:
-    bool MayBeListed(const std::string& typeName, bool isBranch) const;
-
     CLoadedExport& loaded;
     CExportFile file;
 };

@@ -1,31 +1,27 @@
 #include "symbhost/exports/RegisteredType.h"
 
-#include "symbkds/model/ExportWords.h"
+#include "symbkds/model/ImportRules.h"
 
 #include <algorithm>
 
 bool IsRegistered(const ExportType& type)
 {
+    const auto hasMembers = [](const ExportSection& section) { return !section.members.empty(); };
     switch (type.kind) {
-    case ExportType::Kind::FunctionBlock:
-        return true;
-    case ExportType::Kind::Array: {
-        const ArrayDeclaration declaration(type.declaration.c_str());
-        return declaration.dimensionCount > 0 && !declaration.tooManyDimensions;
-    }
+    case ExportType::Kind::Array:
+        return ArrayDeclaration(type.declaration.c_str()).MakesType();
     case ExportType::Kind::Structure:
+        return IsStructureKept(type.name, std::ranges::any_of(type.sections, hasMembers));
+    case ExportType::Kind::FunctionBlock:
         break;
     }
-    const auto hasMembers = [](const ExportSection& section) { return !section.members.empty(); };
-    return type.name == kEmptyStructure || std::ranges::any_of(type.sections, hasMembers);
+    return true;
 }
 
 std::string ArrayProblem(const ArrayDeclaration& declaration)
 {
     if (declaration.tooManyDimensions)
         return "has more than " + std::to_string(ArrayDeclaration::kMaxDimensions) + " dimensions";
-    if (declaration.dimensionCount == 0)
-        return "has no readable range";
     for (int dimension = 0; dimension < declaration.dimensionCount; ++dimension) {
         const ArrayBounds& bounds = declaration.bounds[static_cast<std::size_t>(dimension)];
         if (bounds.ElementCount() == 0)

@@ -5,9 +5,9 @@
 
 #include <string>
 
-// Whether a host gets the type that an export declares: structures without members and arrays without a range are
-// left out.
+// Whether a host gets the type that an export declares.
 bool IsRegistered(const ExportType& type);
 
-// Why no element of an array resolves, as half a sentence: "has no readable range"; empty when elements do.
+// Why an array lists nothing and resolves no element, as half a sentence: "has the range 5..1, which is empty"; empty
+// when it does.
 std::string ArrayProblem(const ArrayDeclaration& declaration);

@@ -3,8 +3,6 @@
 #include "symbhost/exports/RegisteredType.h"
 #include "symbkds/model/ExportWords.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr int kLongestChain = 64; // of arrays of arrays, which may be a ring
@@ -25,9 +23,8 @@ void CountElements(const ArrayDeclaration& declaration, TypeMeaning& meaning)
     meaning.isArray = true;
     for (int dimension = 0; dimension < declaration.dimensionCount; ++dimension) {
         const std::uint64_t count = declaration.bounds[static_cast<std::size_t>(dimension)].ElementCount();
-        const bool isTooMuch = count > TypeMeaning::kMostElements / meaning.elements;
-        meaning.elements =
-            isTooMuch ? TypeMeaning::kMostElements : std::max<std::uint64_t>(meaning.elements * count, 1);
+        const bool isTooMuch = meaning.elements != 0 && count > TypeMeaning::kMostElements / meaning.elements;
+        meaning.elements = isTooMuch ? TypeMeaning::kMostElements : meaning.elements * count;
     }
 }
 
@@ -56,7 +53,7 @@ TypeMeaning MeaningOf(const CExportFile& file, const std::string& typeName)
         const ArrayDeclaration declaration(type ? type->declaration.c_str() : name.c_str());
         if (isInPlace && meaning.arrayProblem.empty())
             meaning.arrayProblem = ArrayProblem(declaration);
-        if (declaration.tooManyDimensions)
+        if (!declaration.MakesValue())
             return meaning;
         meaning.isFound = true;
         CountElements(declaration, meaning);

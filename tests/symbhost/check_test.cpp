@@ -42,9 +42,10 @@ TEST_F(CheckTest, FindsEachFault)
         {motor + "TYPE motor STRUCT SPEED INT END TYPE Motor STRUCT END TYPE Table ARRAY \"ARRAY[1 ..2] OF INT\"\n"
                  "TYPE Deep ARRAY[1..2,1..2,1..2,1..2,1..2,1..2,1..2,1..2,1..2,1..2,1..2] OF INT\n"
                  "TYPE Back ARRAY[2..1] OF INT TYPE Of ARRAY[1..2] OF Nothing TYPE SFCCHART_STATE STRUCT END\n"
-                 "VAR M Motor block 1 size 2 VAR S SFCCHART_STATE block 2",
+                 "VAR M Motor block 1 size 2 VAR S SFCCHART_STATE block 2 VAR B Back block 3 size 9\n"
+                 "VAR R \"ARRAY[1 ..2] OF INT\" block 4 size 2 VAR N ARRAY[1..2] block 5",
          "duplicate-type motor; dropped-type Motor; dropped-type Table; unusable-array Deep; unusable-array Back; "
-         "unknown-member-type Of; "},
+         "unknown-member-type Of; unknown-member-type N; "},
         {"DFB Ramp IN X INT size 2 END DFB Pid IN FIRST Ramp size 2 SECOND Ramp size 2 END VAR P Pid block 1 size 9\n"
          "RAW <FBSource nameOfFBType='Odd'><comment/><INPUTParameters/><inputParameter/></FBSource>",
          "removed-block Pid.SECOND; ignored-section Odd; "},

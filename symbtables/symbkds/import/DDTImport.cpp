@@ -5,7 +5,7 @@
 #include "symbkds/import/MemberReader.h"
 #include "symbkds/model/CSymbXMLDDTArrayDef.h"
 #include "symbkds/model/CSymbXMLDDTStructDef.h"
-#include "symbkds/model/ExportWords.h"
+#include "symbkds/model/ImportRules.h"
 #include "symbkds/model/WideToUtf8.h"
 
 namespace {
@@ -41,7 +41,7 @@ private:
         CBstr text;
         element.GetText(text.Put()); // a failure leaves a declaration without dimensions
         const ArrayDeclaration declaration(WideToUtf8(text.Get()));
-        if (declaration.dimensionCount == 0 || declaration.tooManyDimensions)
+        if (!declaration.MakesType())
             return;
         auto array = std::make_unique<CSymbXMLDDTArrayDef>(name, declaration);
         if (array->dimensionCount == 1)
@@ -59,7 +59,7 @@ private:
         if (FirstChild(source, structureTag, element) == S_OK && element && element->GetChildren(list.Put()) == S_OK &&
             list)
             ReadMembers(*list.Get(), structure->members);
-        if (structure->members.GetCount() > 0 || name.View() == kEmptyStructure)
+        if (IsStructureKept(name.View(), structure->members.GetCount() > 0))
             types.AddTypeDef(name, std::move(structure));
     }
 

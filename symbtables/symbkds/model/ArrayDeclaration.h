@@ -29,6 +29,11 @@ struct ArrayDeclaration
     int dimensionCount = 0;
     bool tooManyDimensions = false; // more than kMaxDimensions; the declaration must be refused
 
+    // Whether a type may be declared like this.
+    bool MakesType() const { return dimensionCount > 0 && !tooManyDimensions; }
+    // Whether a value may be of this type without a declaration: then no range at all means the one element 0.
+    bool MakesValue() const { return !tooManyDimensions; }
+
     explicit ArrayDeclaration(const CString& text);
     // One dimension of elements of that type.
     ArrayDeclaration(const ArrayBounds& dimension, const CString& elementType);

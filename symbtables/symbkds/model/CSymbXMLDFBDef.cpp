@@ -1,8 +1,7 @@
 #include "symbkds/model/CSymbXMLDFBDef.h"
 
 #include "symbkds/model/CSymbXMLDDTMember.h"
-#include "symbkds/model/ElementaryTypes.h"
-#include "symbkds/model/ExportWords.h"
+#include "symbkds/model/ImportRules.h"
 #include "symbkds/model/MAPOFDDTDEF.h"
 
 void CSymbXMLDFBDef::RemoveDFBMembers(MAPOFDDTDEF* types)
@@ -12,10 +11,10 @@ void CSymbXMLDFBDef::RemoveDFBMembers(MAPOFDDTDEF* types)
     bool any = false;
     for (int position = members.GetCount() - 1; position >= kFirstRemovableParameter; --position) {
         CSymbXMLDDTMember& member = *members.GetAt(position);
-        if (IsElementary(member.typeName) || !types->IsDFBType(member.typeName))
-            continue;
-        marked[static_cast<std::size_t>(position)] = true;
-        any = true;
+        const bool isTakenOut = IsTakenOut(position, member.typeName,
+                                           [types](const CString& typeName) { return types->IsDFBType(typeName); });
+        marked[static_cast<std::size_t>(position)] = isTakenOut;
+        any = any || isTakenOut;
     }
     if (any)
         members.Remove(marked);

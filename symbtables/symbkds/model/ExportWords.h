@@ -1,16 +1,10 @@
-// Words and places of an export that mean something of their own.
+// Words of an export that mean something of their own.
 #pragma once
 
 #include "platform/mfc/UpperCase.h"
 
 #include <algorithm>
 #include <string_view>
-
-// Registered although it has no members.
-constexpr std::string_view kEmptyStructure = "SFCCHART_STATE";
-
-// Function blocks are taken out of function blocks from this parameter on, counted over all sections from 0.
-constexpr int kFirstRemovableParameter = 1;
 
 // Whether `text` begins with `upperStart`, in any case.
 constexpr bool StartsInAnyCase(std::string_view text, std::string_view upperStart)

@@ -44,7 +44,7 @@ bool MAPOFDDTDEF::FindTypeDef(const CString& name, CSymbXMLDDTDef*& definition)
 bool MAPOFDDTDEF::AddDeclaredArray(const CString& name, const CString& key, CSymbXMLDDTDef*& definition)
 {
     const ArrayDeclaration declaration(name);
-    if (declaration.tooManyDimensions)
+    if (!declaration.MakesValue())
         return false;
     auto array = std::make_unique<CSymbXMLDDTArrayDef>(name, declaration);
     if (array->dimensionCount < 2) {

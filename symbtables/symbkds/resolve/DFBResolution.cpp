@@ -1,6 +1,5 @@
 #include "symbkds/model/CSymbXMLDFBDef.h"
-#include "symbkds/model/ElementaryTypes.h"
-#include "symbkds/model/TypeCodes.h"
+#include "symbkds/model/ImportRules.h"
 #include "symbkds/resolve/MemberResolution.h"
 
 bool CSymbXMLDFBDef::ResolvePath(MAPOFDDTDEF* types, const CSymbKorvaAnalyser& path, int level, bool located,
@@ -17,8 +16,10 @@ bool CSymbXMLDFBDef::ResolvePath(MAPOFDDTDEF* types, const CSymbKorvaAnalyser& p
     if (byReference)
         descriptor.relativeSize = static_cast<WORD>(parameter->size);
 
-    const std::uint32_t elementaryCode = ElementaryCodeOf(parameter->typeName);
-    if (elementaryCode != kUnclassifiedCode) { // its place is as wide as the export says
+    std::uint32_t elementarySize = 0;
+    std::uint32_t elementaryCode = 0;
+    if (ClassifyElementaryType(parameter->typeName, elementarySize, elementaryCode)) {
+        descriptor.size = ElementaryMemberSize(MemberOf::FunctionBlock, parameter->size, elementarySize);
         DescribeMember(*parameter, elementaryCode, descriptor, texts);
         return located && level == path.GetLastIndex();
     }

@@ -1,5 +1,5 @@
 #include "symbkds/model/CSymbXMLDDTStructDef.h"
-#include "symbkds/model/ElementaryTypes.h"
+#include "symbkds/model/ImportRules.h"
 #include "symbkds/resolve/MemberResolution.h"
 
 bool CSymbXMLDDTStructDef::ResolvePath(MAPOFDDTDEF* types, const CSymbKorvaAnalyser& path, int level, bool located,
@@ -16,9 +16,9 @@ bool CSymbXMLDDTStructDef::ResolvePath(MAPOFDDTDEF* types, const CSymbKorvaAnaly
     std::uint32_t elementarySize = 0;
     std::uint32_t elementaryCode = 0;
     if (ClassifyElementaryType(member->typeName, elementarySize, elementaryCode)) {
-        descriptor.size = elementarySize;
+        descriptor.size = ElementaryMemberSize(MemberOf::Structure, member->size, elementarySize);
         if (!located)
-            descriptor.relativeSize = static_cast<WORD>(elementarySize);
+            descriptor.relativeSize = static_cast<WORD>(descriptor.size);
         DescribeMember(*member, elementaryCode, descriptor, texts);
         return level == path.GetLastIndex();
     }
