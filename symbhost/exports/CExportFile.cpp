@@ -1,6 +1,5 @@
 #include "symbhost/exports/CExportFile.h"
 
-#include "platform/win32/CodePage.h"
 #include "symbhost/Failure.h"
 #include "symbhost/exports/ElementReading.h"
 #include "symbhost/exports/LoadProblem.h"
@@ -67,9 +66,9 @@ std::vector<std::size_t> FindIn(const std::vector<Position>& index, const std::s
 CExportFile::CExportFile(const std::string& path) : source(LoadExport(path, loadReport))
 {
     CInterfacePtr<WalkElement> dataBlock;
-    source->FindElement(CBstr(OLESTR("dataBlock")).Get(), dataBlock.Put());
+    source->FindElement(Reader().Keys().dataBlock.Get(), dataBlock.Put());
     if (dataBlock)
-        dataBlock->GetChildrenByName(CBstr(OLESTR("variables")).Get(), variables.Put());
+        dataBlock->GetChildrenByName(Reader().Keys().variables.Get(), variables.Put());
     variableCount = CountOf(variables.Get());
 }
 
@@ -78,7 +77,7 @@ CExportFile::~CExportFile() = default;
 std::size_t CExportFile::CountDataBlocks() const
 {
     CInterfacePtr<WalkList> list;
-    source->GetElementList(CBstr(OLESTR("dataBlock")).Get(), list.Put());
+    source->GetElementList(Reader().Keys().dataBlock.Get(), list.Put());
     return CountOf(list.Get());
 }
 
@@ -104,10 +103,10 @@ std::vector<std::size_t> CExportFile::FindVariables(const std::string& name) con
     return FindIn(names, UpperName(name), nameAt);
 }
 
-void CExportFile::ReadTypes(const char* tag, ExportType::Kind kind) const
+void CExportFile::ReadTypes(const CBstr& tag, ExportType::Kind kind) const
 {
     CInterfacePtr<WalkList> list;
-    source->GetElementList(CBstr::FromNarrow(tag, CP_UTF8).Get(), list.Put());
+    source->GetElementList(tag.Get(), list.Put());
     ForEachElement(list.Get(), [&](WalkElement& element) {
         types.push_back(kind == ExportType::Kind::FunctionBlock ? Reader().ReadFunctionBlock(element)
                                                                 : Reader().ReadDerivedType(element));
@@ -117,8 +116,8 @@ void CExportFile::ReadTypes(const char* tag, ExportType::Kind kind) const
 const std::vector<ExportType>& CExportFile::Types() const
 {
     if (!hasTypes) {
-        ReadTypes("DDTSource", ExportType::Kind::Structure);
-        ReadTypes("FBSource", ExportType::Kind::FunctionBlock);
+        ReadTypes(Reader().Keys().derivedType, ExportType::Kind::Structure);
+        ReadTypes(Reader().Keys().functionBlock, ExportType::Kind::FunctionBlock);
         hasTypes = true;
     }
     return types;

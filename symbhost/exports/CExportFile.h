@@ -1,6 +1,7 @@
 #pragma once
 
 #include "korvaproservices/KorvaProServices.h"
+#include "platform/mfc/CBstr.h"
 #include "platform/mfc/CInterfacePtr.h"
 #include "symbhost/exports/ExportRecords.h"
 #include "symbhost/exports/LoadProblem.h"
@@ -47,7 +48,7 @@ private:
         std::uint32_t position;
     };
 
-    void ReadTypes(const char* tag, ExportType::Kind kind) const;
+    void ReadTypes(const CBstr& tag, ExportType::Kind kind) const;
 
     LoadProblem loadReport;
     CInterfacePtr<WalkSource> source;

@@ -73,10 +73,10 @@ bool CElementReader::Property(WalkElement& element, const CBstr& key, CBstr& tex
 {
     CInterfacePtr<WalkList> list;
     CInterfacePtr<WalkElement> property;
-    if (element.SelectChildren(attribute.Get(), name.Get(), key.Get(), list.Put()) == S_OK && list)
+    if (element.SelectChildren(keys.attribute.Get(), keys.name.Get(), key.Get(), list.Put()) == S_OK && list)
         list->Next(property.Put());
     if (property)
-        text = Attribute(*property.Get(), value);
+        text = Attribute(*property.Get(), keys.value);
     return static_cast<bool>(property);
 }
 
@@ -90,27 +90,27 @@ ExportItem CElementReader::ReadItem(WalkElement& element) const
 {
     ExportItem item;
     const CTextTaker texts(item);
-    item.name = texts.Take(Attribute(element, name));
-    item.typeName = texts.Take(Attribute(element, typeName));
-    item.address = texts.TakeWhole(Attribute(element, topologicalAddress));
+    item.name = texts.Take(Attribute(element, keys.name));
+    item.typeName = texts.Take(Attribute(element, keys.typeName));
+    item.address = texts.TakeWhole(Attribute(element, keys.topologicalAddress));
     CBstr commentText;
-    element.GetChildText(comment.Get(), commentText.Put()); // a failure leaves it empty
+    element.GetChildText(keys.comment.Get(), commentText.Put()); // a failure leaves it empty
     item.comment = texts.Take(commentText);
     CBstr customerText;
-    Property(element, customerString, customerText);
+    Property(element, keys.customerString, customerText);
     item.customerString = texts.Take(customerText);
-    item.block = Number(element, areaBlock);
-    item.offset = Number(element, areaOffset);
-    item.size = Number(element, size);
-    item.bit = Number(element, extractBit);
-    item.accessRight = Number(element, requestAccessRight);
-    item.hidden = Number(element, isVariableHidden);
+    item.block = Number(element, keys.areaBlock);
+    item.offset = Number(element, keys.areaOffset);
+    item.size = Number(element, keys.size);
+    item.bit = Number(element, keys.extractBit);
+    item.accessRight = Number(element, keys.requestAccessRight);
+    item.hidden = Number(element, keys.isVariableHidden);
     return item;
 }
 
 std::string CElementReader::ReadName(WalkElement& element) const
 {
-    return std::string(WideToUtf8(Attribute(element, name).Get()).View());
+    return std::string(WideToUtf8(Attribute(element, keys.name).Get()).View());
 }
 
 ExportSection CElementReader::ReadSection(WalkElement& element) const
@@ -129,13 +129,13 @@ ExportType CElementReader::ReadDerivedType(WalkElement& source) const
 {
     ExportType type;
     const CTextTaker texts(type);
-    type.name = texts.Take(Attribute(source, derivedTypeName));
-    if (const CInterfacePtr<WalkElement> array = FirstChild(source, arrayTag)) {
+    type.name = texts.Take(Attribute(source, keys.derivedTypeName));
+    if (const CInterfacePtr<WalkElement> array = FirstChild(source, keys.array)) {
         type.kind = ExportType::Kind::Array;
         CBstr declaration;
         array->GetText(declaration.Put());
         type.declaration = texts.Take(declaration);
-    } else if (const CInterfacePtr<WalkElement> structure = FirstChild(source, structureTag)) {
+    } else if (const CInterfacePtr<WalkElement> structure = FirstChild(source, keys.structure)) {
         type.sections.push_back(ReadSection(*structure.Get()));
     }
     return type;
@@ -145,7 +145,7 @@ ExportType CElementReader::ReadFunctionBlock(WalkElement& source) const
 {
     ExportType type;
     type.kind = ExportType::Kind::FunctionBlock;
-    type.name = CTextTaker(type).Take(Attribute(source, functionBlockName));
+    type.name = CTextTaker(type).Take(Attribute(source, keys.functionBlockName));
     CInterfacePtr<WalkList> list;
     source.GetChildren(list.Put());
     ForEachElement(list.Get(), [&](WalkElement& section) { type.sections.push_back(ReadSection(section)); });

@@ -5,11 +5,13 @@
 #include "platform/mfc/CBstr.h"
 #include "platform/mfc/CInterfacePtr.h"
 #include "symbhost/exports/ExportRecords.h"
+#include "symbkds/model/ExportKeys.h"
 
-// The names by which values are asked for, made once for all elements.
+// Reads elements of any export.
 class CElementReader
 {
 public:
+    const ExportKeys& Keys() const { return keys; }
     ExportItem ReadItem(WalkElement& element) const;
     std::string ReadName(WalkElement& element) const;
     ExportType ReadDerivedType(WalkElement& source) const;
@@ -21,23 +23,7 @@ private:
     bool Property(WalkElement& element, const CBstr& key, CBstr& text) const;
     ExportNumber Number(WalkElement& element, const CBstr& key) const;
 
-    const CBstr name{OLESTR("name")};
-    const CBstr typeName{OLESTR("typeName")};
-    const CBstr topologicalAddress{OLESTR("topologicalAddress")};
-    const CBstr comment{OLESTR("comment")};
-    const CBstr attribute{OLESTR("attribute")};
-    const CBstr value{OLESTR("value")};
-    const CBstr areaBlock{OLESTR("AreaBlock")};
-    const CBstr areaOffset{OLESTR("AreaOffset")};
-    const CBstr size{OLESTR("Size")};
-    const CBstr extractBit{OLESTR("ExtractBit")};
-    const CBstr customerString{OLESTR("CustomerString")};
-    const CBstr requestAccessRight{OLESTR("RequestAccessRight")};
-    const CBstr isVariableHidden{OLESTR("IsVariableHidden")};
-    const CBstr derivedTypeName{OLESTR("DDTName")};
-    const CBstr functionBlockName{OLESTR("nameOfFBType")};
-    const CBstr arrayTag{OLESTR("array")};
-    const CBstr structureTag{OLESTR("structure")};
+    const ExportKeys keys;
 };
 
 // Calls `read` with each element of a list, which may be null.

@@ -13,14 +13,14 @@ namespace {
 class CDDTReader
 {
 public:
-    explicit CDDTReader(MAPOFDDTDEF& dictionary) : types(dictionary) {}
+    CDDTReader(MAPOFDDTDEF& dictionary, const ExportKeys& exportKeys) : keys(exportKeys), types(dictionary) {}
 
     // Registers the type that a DDTSource element describes, if it describes one.
     void Read(WalkElement& source)
     {
-        const CString name = ReadAttribute(source, typeNameKey);
+        const CString name = ReadAttribute(source, keys.derivedTypeName);
         CInterfacePtr<WalkElement> array;
-        FirstChild(source, arrayTag, array);
+        FirstChild(source, keys.array, array);
         if (array)
             ReadArray(*array.Get(), name);
         else
@@ -56,8 +56,8 @@ private:
         structure->name = name;
         CInterfacePtr<WalkElement> element;
         CInterfacePtr<WalkList> list;
-        if (FirstChild(source, structureTag, element) == S_OK && element && element->GetChildren(list.Put()) == S_OK &&
-            list)
+        if (FirstChild(source, keys.structure, element) == S_OK && element &&
+            element->GetChildren(list.Put()) == S_OK && list)
             ReadMembers(*list.Get(), structure->members);
         if (IsStructureKept(name.View(), structure->members.GetCount() > 0))
             types.AddTypeDef(name, std::move(structure));
@@ -70,10 +70,7 @@ private:
             members.Add(ReadStructureMember(*element.Get(), keys, types));
     }
 
-    const ImportKeys keys;
-    const CBstr typeNameKey{OLESTR("DDTName")};
-    const CBstr arrayTag{OLESTR("array")};
-    const CBstr structureTag{OLESTR("structure")};
+    const ExportKeys& keys;
     MAPOFDDTDEF& types;
 };
 
@@ -83,9 +80,10 @@ void CSymbXml::BrowseAllDDTInCMap(WalkSource* source)
 {
     const CSingleLock guard(&lock, TRUE);
     const auto import = [&] {
-        CDDTReader reader(types);
+        const ExportKeys keys;
+        CDDTReader reader(types, keys);
         CInterfacePtr<WalkList> list;
-        if (source->GetElementList(CBstr(OLESTR("DDTSource")).Get(), list.Put()) != S_OK || !list)
+        if (source->GetElementList(keys.derivedType.Get(), list.Put()) != S_OK || !list)
             return;
         LONG count = 0;
         if (FAILED(list->Count(&count)))

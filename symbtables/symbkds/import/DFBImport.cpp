@@ -12,7 +12,7 @@ namespace {
 class CDFBReader
 {
 public:
-    explicit CDFBReader(MAPOFDDTDEF& dictionary) : types(dictionary) {}
+    CDFBReader(MAPOFDDTDEF& dictionary, const ExportKeys& exportKeys) : keys(exportKeys), types(dictionary) {}
 
     // Registers the type that an FBSource element describes with what could be
     // read. `report` is told the result of a section that failed; sections behind it are not read.
@@ -20,7 +20,7 @@ public:
     void Read(WalkElement& source, Report&& report)
     {
         auto block = std::make_unique<CSymbXMLDFBDef>();
-        block->name = ReadAttribute(source, typeNameKey);
+        block->name = ReadAttribute(source, keys.functionBlockName);
         CInterfacePtr<WalkList> list;
         CInterfacePtr<WalkElement> child;
         HRESULT result = source.GetChildren(list.Put());
@@ -66,8 +66,7 @@ private:
         return result;
     }
 
-    const ImportKeys keys;
-    const CBstr typeNameKey{OLESTR("nameOfFBType")};
+    const ExportKeys& keys;
     MAPOFDDTDEF& types;
 };
 
@@ -77,9 +76,10 @@ void CSymbXml::BrowseAllDFBInCMap(WalkSource* source)
 {
     const CSingleLock guard(&lock, TRUE);
     const auto import = [&] {
-        CDFBReader reader(types);
+        const ExportKeys keys;
+        CDFBReader reader(types, keys);
         CInterfacePtr<WalkList> list;
-        source->GetElementList(CBstr(OLESTR("FBSource")).Get(), list.Put());
+        source->GetElementList(keys.functionBlock.Get(), list.Put());
         LONG count = 0;
         if (!list || FAILED(list->Count(&count)))
             return;

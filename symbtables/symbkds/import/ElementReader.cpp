@@ -22,7 +22,7 @@ std::int32_t PropertyRead::Number(std::int32_t missing) const
     return hasElement ? ParseNumber(value.Get()) : missing;
 }
 
-PropertyRead ReadProperty(WalkElement& element, const ImportKeys& keys, const CBstr& key, PropertyRules rules)
+PropertyRead ReadProperty(WalkElement& element, const ExportKeys& keys, const CBstr& key, PropertyRules rules)
 {
     const auto counts = [](HRESULT result, Counts rule) { return result == S_OK || rule == Counts::Delivered; };
     PropertyRead read;

@@ -5,26 +5,9 @@
 #include "platform/mfc/CBstr.h"
 #include "platform/mfc/CInterfacePtr.h"
 #include "platform/mfc/CString.h"
+#include "symbkds/model/ExportKeys.h"
 
 #include <cstdint>
-
-// The names by which an import asks for values, made once for all its elements.
-struct ImportKeys
-{
-    const CBstr name{OLESTR("name")};
-    const CBstr typeName{OLESTR("typeName")};
-    const CBstr topologicalAddress{OLESTR("topologicalAddress")};
-    const CBstr comment{OLESTR("comment")};
-    const CBstr attribute{OLESTR("attribute")};
-    const CBstr value{OLESTR("value")};
-    const CBstr areaBlock{OLESTR("AreaBlock")};
-    const CBstr areaOffset{OLESTR("AreaOffset")};
-    const CBstr size{OLESTR("Size")};
-    const CBstr extractBit{OLESTR("ExtractBit")};
-    const CBstr customerString{OLESTR("CustomerString")};
-    const CBstr requestAccessRight{OLESTR("RequestAccessRight")};
-    const CBstr isVariableHidden{OLESTR("IsVariableHidden")};
-};
 
 // UTF-8 of an attribute and of a child's text; empty when the component does not deliver it.
 CString ReadAttribute(WalkElement& element, const CBstr& attribute);
@@ -69,4 +52,4 @@ struct PropertyRead
     std::int32_t Number(std::int32_t missing) const;
 };
 
-PropertyRead ReadProperty(WalkElement& element, const ImportKeys& keys, const CBstr& key, PropertyRules rules = {});
+PropertyRead ReadProperty(WalkElement& element, const ExportKeys& keys, const CBstr& key, PropertyRules rules = {});

@@ -8,6 +8,7 @@
 #include "symbkds/frame/Guard.h"
 #include "symbkds/import/CImportConnection.h"
 #include "symbkds/model/CSymbXMLDDTDef.h"
+#include "symbkds/model/ExportKeys.h"
 
 namespace {
 
@@ -87,7 +88,7 @@ void CSymbXml::ImportExport(CImportConnection& connection)
     if (!connection.walkSource)
         AfxThrowOleException(E_POINTER);
     // An export without this element still has types; the variable import reports the missing one.
-    connection.walkSource->FindElement(CBstr(OLESTR("dataBlock")).Get(), connection.dataBlock.Put());
+    connection.walkSource->FindElement(ExportKeys().dataBlock.Get(), connection.dataBlock.Put());
     BrowseAllDDTInCMap(connection.walkSource.Get());
     BrowseAllDFBInCMap(connection.walkSource.Get());
     RemoveAllDFBMembers();

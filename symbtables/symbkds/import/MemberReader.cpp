@@ -5,7 +5,7 @@
 namespace {
 
 // Fills in comment, placement and access rights. False when one of the selections delivered no list.
-bool ReadPlacement(WalkElement& element, const ImportKeys& keys, PropertyRules rules, CSymbXMLDDTMember& member)
+bool ReadPlacement(WalkElement& element, const ExportKeys& keys, PropertyRules rules, CSymbXMLDDTMember& member)
 {
     bool allSelected = true;
     const auto readProperty = [&](const CBstr& key) {
@@ -24,7 +24,7 @@ bool ReadPlacement(WalkElement& element, const ImportKeys& keys, PropertyRules r
 
 } // namespace
 
-std::unique_ptr<CSymbXMLDDTMember> ReadStructureMember(WalkElement& element, const ImportKeys& keys, MAPOFDDTDEF& types)
+std::unique_ptr<CSymbXMLDDTMember> ReadStructureMember(WalkElement& element, const ExportKeys& keys, MAPOFDDTDEF& types)
 {
     auto member = std::make_unique<CSymbXMLDDTMember>();
     member->name = ReadAttribute(element, keys.name);
@@ -35,7 +35,7 @@ std::unique_ptr<CSymbXMLDDTMember> ReadStructureMember(WalkElement& element, con
     return member;
 }
 
-ParameterRead ReadParameter(WalkElement& element, const ImportKeys& keys, MAPOFDDTDEF& types)
+ParameterRead ReadParameter(WalkElement& element, const ExportKeys& keys, MAPOFDDTDEF& types)
 {
     constexpr PropertyRules kAnyList{.list = Counts::Delivered, .element = Counts::Delivered};
     ParameterRead read{std::make_unique<CSymbXMLDDTMember>()};

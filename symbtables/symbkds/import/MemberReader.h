@@ -10,7 +10,7 @@
 
 // A member of a structure. Nothing but the element decides: the hidden flag counts however it came. The type is
 // classified last: a call that throws before leaves no anonymous array behind.
-std::unique_ptr<CSymbXMLDDTMember> ReadStructureMember(WalkElement& element, const ImportKeys& keys,
+std::unique_ptr<CSymbXMLDDTMember> ReadStructureMember(WalkElement& element, const ExportKeys& keys,
                                                        MAPOFDDTDEF& types);
 
 // A parameter of a function block, and what its section needs to know of the calls.
@@ -23,4 +23,4 @@ struct ParameterRead
 
 // The type is classified before the other values are read. A list that was delivered counts whatever result came with
 // it, the hidden flag only after S_OK.
-ParameterRead ReadParameter(WalkElement& element, const ImportKeys& keys, MAPOFDDTDEF& types);
+ParameterRead ReadParameter(WalkElement& element, const ExportKeys& keys, MAPOFDDTDEF& types);

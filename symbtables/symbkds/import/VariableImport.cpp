@@ -18,7 +18,7 @@ constexpr std::int32_t kNoExtractBitNumber = -1; // its low 8 bits say "no bit"
 class CVariableReader
 {
 public:
-    explicit CVariableReader(MAPOFDDTDEF& dictionary) : types(dictionary) {}
+    CVariableReader(MAPOFDDTDEF& dictionary, const ExportKeys& exportKeys) : keys(exportKeys), types(dictionary) {}
 
     // The variable that an element describes; null when it has no name or no known type.
     std::unique_ptr<CSymbXMLItemDef> Read(WalkElement& element)
@@ -83,7 +83,7 @@ private:
         return known;
     }
 
-    const ImportKeys keys;
+    const ExportKeys& keys;
     MAPOFDDTDEF& types;
     std::array<CString, kElementaryTypeCount> elementaryNames; // the last one met of each: STRING[n] has many
 };
@@ -96,10 +96,11 @@ void CSymbXml::BrowseAllItemInCMap(WalkElement* dataBlock)
     const auto import = [&] {
         if (!dataBlock)
             AfxThrowOleException(E_POINTER);
-        CVariableReader reader(types);
+        const ExportKeys keys;
+        CVariableReader reader(types, keys);
         CInterfacePtr<WalkList> list;
         LONG count = 0;
-        if (dataBlock->GetChildrenByName(CBstr(OLESTR("variables")).Get(), list.Put()) != S_OK || !list ||
+        if (dataBlock->GetChildrenByName(keys.variables.Get(), list.Put()) != S_OK || !list ||
             list->Count(&count) != S_OK)
             return;
         ForEachItem(*list.Get(), count, [&](WalkElement& element) {
