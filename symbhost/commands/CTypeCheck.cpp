@@ -173,8 +173,8 @@ void CTypeCheck::CheckMember(const ExportType& type, const ExportItem& member)
     const std::string symbol = type.name + "." + member.name;
     const TypeMeaning meaning = MeaningOf(file, member.typeName);
     AddTypeFindings(meaning, symbol, findings);
-    if (IsUnreachable(member.name))
-        findings.Add(kUnreachableName, symbol, "no path leads to a name like this");
+    if (IsUnreachable(member.name, NameOf::Member))
+        findings.Add(kUnreachableName, symbol, std::string(kReadOtherwise) + "; it never answers with this member");
     CheckEnd(type, member, meaning, symbol);
     AddSizeFinding(member, meaning, MemberSize(type, member, meaning), symbol, findings);
     AddTextFindings(member, symbol, findings);

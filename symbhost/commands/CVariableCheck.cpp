@@ -118,8 +118,9 @@ void CVariableCheck::AddDuplicate(const ExportItem& item, std::uint32_t position
 void CVariableCheck::CheckHolder(const ExportItem& item, const TypeMeaning& meaning, const Listed& listed)
 {
     AddTypeFindings(meaning, item.name, findings);
-    if (IsUnreachable(item.name))
-        findings.Add(kUnreachableName, item.name, "no path leads to a name like this");
+    if (IsUnreachable(item.name, NameOf::Variable))
+        findings.Add(kUnreachableName, item.name,
+                     std::string(kReadOtherwise) + "; it never answers with this variable");
     if (listed.facts.IsServed() && !PlaceOf(listed.facts))
         findings.Add(kNoPlace, item.name, "served, but the export tells neither block nor offset nor size");
 }

@@ -38,9 +38,13 @@ CListing ListBelow(const CProject& project, const std::string& path, DWORD pageS
 
 Explanation NoBit(const LookupAnswer& value, const CSymbolPath& path)
 {
-    return {Reason::NoBit, value.name + " is " + value.typeName + " of " + std::to_string(value.descriptor.size) +
-                               " bytes and has no bit " + path.Bit().value_or("") +
-                               "; values of 2 bytes have the bits 0 to 15"};
+    const std::string none = " and has no bit " + path.Bit().value_or("");
+    if (value.IsBit())
+        return {Reason::NoBit, value.name + " is a bit itself" + none};
+    const bool isWord = value.descriptor.size == 2;
+    return {Reason::NoBit,
+            value.name + " is " + value.typeName + " of " + std::to_string(value.descriptor.size) + " bytes" + none +
+                (isWord ? "; values of 2 bytes have the bits 0 to 15" : "; values of 2 bytes have bits")};
 }
 
 } // namespace
@@ -53,22 +57,29 @@ Explanation CExplainer::Explain(const LookupAnswer& answer)
     if (!path.IsPath() || IsNoPath(answer) || ValidUtf8(answer.name) != answer.name)
         return {Reason::NotAPath, "this is no name: a path begins with a variable and has at most 16 steps, brackets "
                                   "hold numbers, and the text is UTF-8"};
-    const std::optional<CProject::Root> whole =
-        IsUnreachable(answer.name) ? project.FindRoot(answer.name) : std::nullopt;
-    if (whole && whole->isListed)
-        return {Reason::UnreachableName, "a variable is listed under this name, but a lookup takes \".\" and \"[\" for "
-                                         "the next step, a number for a bit, and blanks in front off"};
+    if (const std::string listed = FindUnreachable(path, answer.name); !listed.empty())
+        return {Reason::UnreachableName, listed + " of this name is listed, but " + kReadOtherwise};
     const std::optional<CProject::Root> root = project.FindRoot(path.Prefix(0));
     if (!root)
         return NotInExport(path.Prefix(0));
     if (!root->isListed)
         return UnknownType(root->item.name, root->item.typeName);
-    for (std::size_t step = 0; step < path.StepCount(); ++step)
-        if (HasUnreachableMember(path.Prefix(step), answer.name))
-            return {Reason::UnreachableName, path.Prefix(step) + " has a member of this name, but a lookup takes it "
-                                                                 "for further steps or a bit"};
     return path.StepCount() == 1 ? ExplainPlain(answer, *root, path)
                                  : ExplainSteps(path, {path.Prefix(0), root->item.typeName});
+}
+
+// What is listed under `name` but out of reach, as a half sentence; empty when nothing is. `path` is the name, taken
+// apart.
+std::string CExplainer::FindUnreachable(const CSymbolPath& path, const std::string& name) const
+{
+    const std::optional<CProject::Root> root =
+        IsUnreachable(name, NameOf::Variable) ? project.FindRoot(name) : std::nullopt;
+    if (root && root->isListed)
+        return "a variable";
+    for (std::size_t step = 0; step < path.StepCount(); ++step)
+        if (HasUnreachableMember(path.Prefix(step), name))
+            return "a member of " + path.Prefix(step);
+    return {};
 }
 
 // Whether `name` is that of a member of `parent` that no lookup can reach.
@@ -76,7 +87,7 @@ bool CExplainer::HasUnreachableMember(const std::string& parent, const std::stri
 {
     const std::string upperName = UpperName(name);
     const bool isBelow = upperName.starts_with(UpperName(parent) + ".");
-    if (!isBelow || !IsUnreachable(std::string_view(name).substr(parent.size() + 1)))
+    if (!isBelow || !IsUnreachable(std::string_view(name).substr(parent.size() + 1), NameOf::Member))
         return false;
     CListing listing = ListBelow(project, parent, 1000);
     std::vector<ListingEntry> page;
@@ -95,7 +106,10 @@ Explanation CExplainer::ExplainServed(const LookupAnswer& answer) const
     if (row.isBit)
         text += ", bit " + std::to_string(row.bit);
     text += ", access " + std::string(AccessText(row.accessRights));
-    if (IsHidden(CSymbolPath(answer.name)))
+    const CSymbolPath path(answer.name);
+    if (const std::string listed = FindUnreachable(path, answer.name); !listed.empty())
+        text += "; " + listed + " of this name is listed as well, and out of reach";
+    else if (IsHidden(path))
         text += "; hidden: no listing shows it";
     return {Reason::None, text};
 }

@@ -37,6 +37,7 @@ private:
                               const std::vector<std::string>& members) const;
     Explanation NotInExport(const std::string& root);
     Explanation UnknownType(const std::string& symbol, const std::string& typeName) const;
+    std::string FindUnreachable(const CSymbolPath& path, const std::string& name) const;
     bool HasUnreachableMember(const std::string& parent, const std::string& name) const;
     bool IsHidden(const CSymbolPath& path) const;
     bool IsListed(const std::string& path) const;

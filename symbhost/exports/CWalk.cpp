@@ -34,11 +34,11 @@ void CWalk::Begin()
     root = project.FindRoot(entry.symbol);
     if (!root) {
         const std::string parent = ParentOf(entry.symbol);
-        Describe({parent, parent, true, false}, {});
+        Describe({parent, parent, true, false}, {}, project.LookUp(parent));
         parentType = std::exchange(upperType, {});
         entry.name = entry.symbol.substr(std::min(parent.size() + 1, entry.symbol.size()));
     }
-    Describe(entry, parentType);
+    Describe(entry, parentType, project.LookUp(entry.symbol));
     const bool isListed = Enter(entry.symbol);
     std::vector<ListingEntry> above;
     if (isListed)
@@ -96,11 +96,16 @@ bool CWalk::Next()
 
 void CWalk::Visit(const ListingEntry& entry)
 {
-    Describe(entry, levels.back().upperType);
+    const NameOf what = levels.back().path.empty() ? NameOf::Variable : NameOf::Member;
+    const bool isUnreachable = !entry.isElement && IsUnreachable(entry.name, what);
+    LookupAnswer looked = project.LookUp(entry.symbol);
+    if (isUnreachable && looked.IsResolved()) // with another symbol
+        looked = {.name = entry.symbol, .result = CSymb::kLookupFailed};
+    Describe(entry, levels.back().upperType, std::move(looked));
     row.isBranch = entry.isBranch;
     hasRow = options.branches || !entry.isBranch;
     bool hasUnknownType = false;
-    if (entry.isBranch && options.below) {
+    if (entry.isBranch && options.below && !isUnreachable) {
         const bool isRing =
             !upperType.empty() && std::ranges::find(levels, upperType, &Level::upperType) != levels.end();
         if (isRing)
@@ -111,10 +116,10 @@ void CWalk::Visit(const ListingEntry& entry)
     SetReason(entry, hasUnknownType);
 }
 
-void CWalk::Describe(const ListingEntry& entry, const std::string& parentType)
+void CWalk::Describe(const ListingEntry& entry, const std::string& parentType, LookupAnswer&& looked)
 {
     root.reset();
-    answer = project.LookUp(entry.symbol);
+    answer = std::move(looked);
     row = RowOf(answer);
     if (!row.IsServed() && entry.name == entry.symbol)
         root = levels.empty() ? project.FindRoot(entry.symbol) : project.FindListedRoot(entry.symbol, entry.isBranch);

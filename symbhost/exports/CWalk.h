@@ -53,8 +53,8 @@ private:
     // The entry of the path in the listing above it, where neither a lookup nor a listing of its own answers.
     const ListingEntry* FindAbove(std::vector<ListingEntry>& page) const;
     void Visit(const ListingEntry& entry);
-    // Looks a symbol up and fills `row`; the facts of a variable that is not served come from the export.
-    void Describe(const ListingEntry& entry, const std::string& parentType);
+    // Fills `row` with the answer of a lookup; the facts of a variable that is not served come from the export.
+    void Describe(const ListingEntry& entry, const std::string& parentType, LookupAnswer&& looked);
     void SetReason(const ListingEntry& entry, bool hasUnknownType);
     // Starts to list below the symbol that `row` describes; false when its type is not known.
     bool Enter(const std::string& symbol);

@@ -11,9 +11,9 @@ bool IsNoPath(const LookupAnswer& failed)
            failed.name.find('\0') != std::string::npos;
 }
 
-bool IsUnreachable(std::string_view name)
+bool IsUnreachable(std::string_view name, NameOf what)
 {
-    return name.find_first_of(".[") != std::string_view::npos || name.starts_with(' ') ||
+    return name.find_first_of(".[") != std::string_view::npos || (what == NameOf::Variable && name.starts_with(' ')) ||
            CSymbKorvaAnalyser::IsNumberFrom(name, 0);
 }
 
@@ -21,7 +21,7 @@ Reason ReasonOfRoot(const LookupAnswer& failed, const ExportItem& variable, bool
 {
     if (IsNoPath(failed))
         return Reason::NotAPath;
-    if (IsUnreachable(variable.name))
+    if (IsUnreachable(variable.name, NameOf::Variable))
         return Reason::UnreachableName;
     const ElementaryType* const type = FindElementaryType(variable.typeName, NameCase::Ignored);
     if (isBranch || !type)
@@ -33,7 +33,7 @@ Reason ReasonOfMember(const LookupAnswer& failed, std::string_view name, bool ha
 {
     if (IsNoPath(failed))
         return Reason::NotAPath;
-    if (IsUnreachable(name))
+    if (IsUnreachable(name, NameOf::Member))
         return Reason::UnreachableName;
     return hasUnknownType ? Reason::UnknownType : Reason::NestedBlock;
 }

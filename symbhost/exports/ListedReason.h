@@ -10,8 +10,16 @@
 // Whether the lookup says that it cannot take the name apart.
 bool IsNoPath(const LookupAnswer& failed);
 
-// Whether no path leads to a symbol of this name because the name itself reads like a path or a bit.
-bool IsUnreachable(std::string_view name);
+enum class NameOf
+{
+    Variable,
+    Member
+};
+// Whether a lookup reads the name itself as a path or a bit, so that it never answers with the symbol.
+bool IsUnreachable(std::string_view name, NameOf what);
+// Why, as half a sentence.
+constexpr char kReadOtherwise[] =
+    "a lookup takes \".\" and \"[\" for the next step, a number for a bit, and blanks in front of a variable off";
 
 // A variable that is listed but not served.
 Reason ReasonOfRoot(const LookupAnswer& failed, const ExportItem& variable, bool isBranch);

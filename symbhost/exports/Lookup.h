@@ -10,14 +10,14 @@
 struct LookupAnswer
 {
     std::string name; // as asked
-    HRESULT result;
-    std::string message; // of a failure, where one was sent
-    std::string address;
-    std::string comment;
-    std::string typeName;
-    std::string kindName;
-    std::string customerString;
-    AddressDescriptor descriptor; // zero after a failure
+    HRESULT result = E_FAIL;
+    std::string message = {}; // of a failure, where one was sent
+    std::string address = {};
+    std::string comment = {};
+    std::string typeName = {};
+    std::string kindName = {};
+    std::string customerString = {};
+    AddressDescriptor descriptor = {}; // zero after a failure
 
     bool IsResolved() const { return SUCCEEDED(result); }
     bool IsBit() const { return descriptor.extraction == AddressDescriptor::kExtractBit; }

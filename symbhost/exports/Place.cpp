@@ -7,7 +7,7 @@
 namespace {
 
 constexpr unsigned kBitsPerByte = 8;
-constexpr unsigned kHighestBit = 15;
+constexpr unsigned kHighestBit = 15; // of a word
 
 // Reads decimal digits at the start of `text` and takes them off.
 template <class Number>
@@ -28,6 +28,12 @@ bool TakeMark(std::string_view& text, char mark)
     return true;
 }
 
+// Whether the row is a bit of the word at its offset, and not of an export's number that no word has.
+bool IsBitOfWord(const RowFacts& row)
+{
+    return row.isBit && !row.isBranch && row.bit <= kHighestBit;
+}
+
 } // namespace
 
 Place Place::OfBytes(WORD block, std::uint64_t first, std::uint64_t last)
@@ -40,7 +46,7 @@ std::optional<Place> PlaceOf(const RowFacts& row)
     if (row.known == Row::Known::Nothing || (row.block == 0 && row.offset == 0 && row.size == 0))
         return std::nullopt;
     const std::uint64_t from = std::uint64_t{row.offset} + row.relativeOffset;
-    if (row.isBit && !row.isBranch) {
+    if (IsBitOfWord(row)) {
         const std::uint64_t bit = from * kBitsPerByte + row.bit;
         return Place{row.block, bit, bit};
     }
@@ -51,7 +57,7 @@ std::string PlaceText(const RowFacts& row)
 {
     const std::uint64_t from = std::uint64_t{row.offset} + row.relativeOffset;
     const std::string text = std::to_string(row.block) + ":" + std::to_string(from);
-    return row.isBit && !row.isBranch ? text + "." + std::to_string(row.bit) : text;
+    return IsBitOfWord(row) ? text + "." + std::to_string(row.bit) : text;
 }
 
 std::optional<Place> ReadPlace(std::string_view text)

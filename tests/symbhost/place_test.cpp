@@ -80,13 +80,18 @@ TEST_F(PlaceTest, MapsRunsOfBytes)
          "5:24-25 used MOTOR1; 5:26-27 overlap MOTOR1,HALF; 5:28-29 used HALF; 6:100-111 used PID1; "},
         {kPlant, {"--block", "6"}, "6:100-111 used PID1; "},
         {kPlant, {"--block", "7"}, ""},
+        // Lookups of these names answer with the member and with a bit.
+        {"TYPE S STRUCT A INT END VAR M S block 1 size 2 VAR M.A DINT block 2 size 4 VAR 5 INT AT %M1 block 3 size 2",
+         {},
+         "1:0-1 used M; 2:0-3 used M.A; 3:0-1 used 5; "},
         // An alias inside an overlap and behind it; the same bit twice; the largest variable at the largest offset.
         {"VAR A DINT block 1 @0 size 8 VAR B DINT block 1 @4 size 8 VAR C INT block 1 @6 size 4\n"
          "VAR D BOOL block 1 @20 bit 1 size 1 VAR E BOOL block 1 @20 bit 1 size 1 VAR F BOOL block 1 @20 bit 2 size 1\n"
-         "VAR G REAL block 65535 @-1 size -1",
+         "VAR H BOOL block 2 @2 bit 16 size 1 VAR I BOOL AT %M1 block 2 @4 bit 99 size 1 VAR G REAL block 65535 @-1 "
+         "size -1",
          {},
          "1:0-3 used A; 1:4-5 overlap A,B; 1:6-7 overlap A,B,C; 1:8-9 used B,C; 1:10-11 used B; 1:12-19 free; "
-         "1:20-20 overlap D,E,F; 65535:4294967295-8589934589 used G; "},
+         "1:20-20 overlap D,E,F; 2:2-2 used H; 2:3-3 free; 2:4-5 used I; 65535:4294967295-8589934589 used G; "},
     };
     for (const auto& row : cases) {
         std::vector<std::string> arguments = {"map", "--json", Export(row.variables)};
