@@ -231,8 +231,7 @@ void CCommandLine::AddAt()
     CLI::App& at = AddCommand("at", "Tell which symbols lie at a place");
     at.add_option("PLACE", atOptions.places,
                   "BLOCK:OFFSET, BLOCK:OFFSET-END or BLOCK:OFFSET.BIT, in bytes, or an address such as %MW10")
-        ->required()
-        ->check(PlaceProblem);
+        ->required();
     AddForm(at, atOptions.form);
     commands.back().run = [this](auto& loaded, auto& output) { return AtCommand(loaded, atOptions, output); };
 }

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <unordered_map>
 
 namespace {
 
@@ -19,6 +20,7 @@ class CPlaceSet
 {
 public:
     void Add(const Place& place) { places.push_back(place); }
+    void Add(const CPlaceSet& other) { places.insert(places.end(), other.places.begin(), other.places.end()); }
     bool IsEmpty() const { return places.empty(); }
 
     // The last call before the questions.
@@ -50,58 +52,78 @@ private:
     std::vector<Place> places;
 };
 
-// Whether a text that is no BLOCK:OFFSET was not meant to be one either.
-bool IsAddress(std::string_view text)
-{
-    if (text.starts_with('%'))
-        return true;
-    return !text.empty() && text.find(':') == std::string_view::npos && (text.front() < '0' || text.front() > '9');
-}
-
 struct Asked
 {
-    std::string text;         // UTF-8
-    std::string upperAddress; // empty: BLOCK:OFFSET
-    CPlaceSet places;
+    std::string text; // UTF-8
+    bool isAddress = false;
+    CPlaceSet places = {};
 };
 
 std::vector<Asked> ReadAll(const std::vector<std::string>& arguments)
 {
     std::vector<Asked> all;
     for (const std::string& argument : arguments) {
-        Asked asked{Utf8FromArgument(argument), {}, {}};
+        Asked& asked = all.emplace_back(Utf8FromArgument(argument));
         if (const std::optional<Place> place = ReadPlace(asked.text))
             asked.places.Add(*place);
         else
-            asked.upperAddress = UpperName(asked.text);
-        all.push_back(std::move(asked));
+            asked.isAddress = true;
     }
     return all;
 }
 
-// The symbols that may touch what is asked for. Adds to places that are named by an address where its symbols lie.
+// Adds to places that are named by an address where its symbols lie; only variables have one. Raises CHostError for a
+// text that no symbol has as its address and that does not look like one either.
+void FindAddresses(const CProject& project, std::vector<Asked>& all)
+{
+    struct Address
+    {
+        bool isKnown = false;
+        CPlaceSet places = {};
+    };
+    std::unordered_map<std::string, Address> addresses; // upper case
+    for (const Asked& asked : all)
+        if (asked.isAddress)
+            addresses.try_emplace(UpperName(asked.text));
+    if (addresses.empty())
+        return;
+    addresses.erase(""); // what has no address has no empty one
+    WalkOptions variables;
+    variables.branches = true;
+    variables.below = false;
+    for (CWalk walk(project, variables); walk.Next();) {
+        const auto found = addresses.find(UpperName(std::string(walk.Current().address)));
+        if (found == addresses.end())
+            continue;
+        found->second.isKnown = true;
+        if (const std::optional<Place> place = PlaceOf(walk.Current()))
+            found->second.places.Add(*place);
+    }
+    for (Asked& asked : all) {
+        if (!asked.isAddress)
+            continue;
+        const Address& address = addresses[UpperName(asked.text)];
+        if (!address.isKnown && !asked.text.starts_with('%'))
+            throw CHostError("the place " + asked.text +
+                             " is neither BLOCK:OFFSET, BLOCK:OFFSET-END, BLOCK:OFFSET.BIT (bits 0 to 15) nor an "
+                             "address, such as %MW10, of a symbol");
+        asked.places = address.places;
+    }
+}
+
+// The symbols that touch what is asked for.
 CRowStore Collect(CWalk& walk, std::vector<Asked>& all)
 {
-    const bool hasAddresses = std::ranges::any_of(all, [](const Asked& asked) { return !asked.upperAddress.empty(); });
-    CRowStore kept;
-    while (walk.Next()) {
-        const Row& row = walk.Current();
-        const std::optional<Place> place = PlaceOf(row);
-        if (!place)
-            continue;
-        bool isWanted = hasAddresses;
-        const std::string upperAddress = hasAddresses ? UpperName(std::string(row.address)) : std::string();
-        for (Asked& asked : all) {
-            if (asked.upperAddress.empty())
-                isWanted = isWanted || asked.places.Touches(*place);
-            else if (asked.upperAddress == upperAddress)
-                asked.places.Add(*place);
-        }
-        if (isWanted)
-            kept.Add(row);
-    }
-    for (Asked& asked : all)
+    CPlaceSet wanted;
+    for (Asked& asked : all) {
+        wanted.Add(asked.places);
         asked.places.Sort();
+    }
+    wanted.Sort();
+    CRowStore kept;
+    while (!wanted.IsEmpty() && walk.Next())
+        if (const std::optional<Place> place = PlaceOf(walk.Current()); place && wanted.Touches(*place))
+            kept.Add(walk.Current());
     return kept;
 }
 
@@ -119,29 +141,23 @@ bool Print(const CRowStore& rows, const Asked& asked, CRecordPrinter<Row>& print
 
 } // namespace
 
-std::string PlaceProblem(const std::string& place)
-{
-    const std::string text = Utf8FromArgument(place);
-    if (ReadPlace(text) || IsAddress(text))
-        return {};
-    return "the place " + Printable(text) +
-           " is neither BLOCK:OFFSET, BLOCK:OFFSET-END, BLOCK:OFFSET.BIT (bits 0 to 15) nor an address such as %MW10";
-}
-
 int AtCommand(CLoadedExport& loaded, const AtOptions& options, COutput& output)
 {
     std::vector<Asked> all = ReadAll(options.places);
     const CProject project(loaded);
+    FindAddresses(project, all);
     WalkOptions everything;
     everything.branches = true;
+    everything.most = CRowStore::kMostRows;
     CWalk walk(project, everything);
     const CRowStore rows = Collect(walk, all);
     ComplainOfCut(walk.Cut());
     CRecordPrinter<Row> printer(output, options.form, RowFields());
-    bool isComplete = true;
+    bool isComplete = !walk.Cut().isStopped;
     for (const Asked& asked : all)
         if (!Print(rows, asked, printer)) {
             Complain(asked.places.IsEmpty() ? "no symbol with a place has the address " + asked.text
+                     : walk.Cut().isStopped ? "nothing was found at " + asked.text
                                             : "nothing lies at " + asked.text);
             isComplete = false;
         }

@@ -13,8 +13,6 @@ struct AtOptions
     OutputForm form = OutputForm::Table;
 };
 
-// Why `place` cannot be asked for; empty when it can.
-std::string PlaceProblem(const std::string& place);
-
-// Lists the symbols that touch each place. Answers an exit status: kIncomplete when a place is empty.
+// Lists the symbols that touch each place. Answers an exit status: kIncomplete when a place is
+// empty or not all symbols were looked at. Raises CHostError for what is no place.
 int AtCommand(CLoadedExport& loaded, const AtOptions& options, COutput& output);

@@ -54,20 +54,22 @@ private:
     std::vector<Column> columns;
 };
 
-// Hands every wanted symbol of an export, branches too, to `take`.
+// Hands every wanted symbol of an export, branches too, to `take`. Answers whether all symbols were looked at.
 template <class Take>
-void ForEachRow(LoadOptions load, const std::string& path, const CWantedSymbols& wanted, Take&& take)
+bool ForEachRow(LoadOptions load, const std::string& path, const CWantedSymbols& wanted, Take&& take)
 {
     load.exportPath = path;
     CLoadedExport loaded(load);
     const CProject project(loaded);
     WalkOptions everything;
     everything.branches = true;
+    everything.most = CRowStore::kMostRows;
     CWalk walk(project, everything);
     while (walk.Next())
         if (wanted.Accepts(walk.Current()))
             take(walk.Current());
     ComplainOfCut(walk.Cut());
+    return !walk.Cut().isStopped;
 }
 
 unsigned WantedChanges(const std::vector<std::string>& words)
@@ -96,21 +98,23 @@ int DiffCommand(const LoadOptions& load, const DiffOptions& options, COutput& ou
     const unsigned wanted = WantedChanges(options.only);
     // One export at a time is in memory; of the later one the rows are kept.
     CRowStore rows;
-    ForEachRow(load, options.after, symbols, [&rows](const Row& row) { rows.Add(row); });
+    const bool isAfterWhole = ForEachRow(load, options.after, symbols, [&rows](const Row& row) { rows.Add(row); });
+    // What is missing in an export that was not looked at as a whole may be behind the end.
+    const unsigned removed = isAfterWhole ? unsigned{kRemoved} : 0;
     CRowIndex index(rows);
     CDiffPrinter printer(output, options.form, symbols.MoreColumns());
-    ForEachRow(load, options.before, symbols, [&](const Row& before) {
+    const bool isBeforeWhole = ForEachRow(load, options.before, symbols, [&](const Row& before) {
         const std::optional<std::size_t> found = index.Find(before.name);
         const Row after = found ? rows.At(*found) : Row();
-        const unsigned changes = found ? ChangesBetween(before, after) : unsigned{kRemoved};
+        const unsigned changes = found ? ChangesBetween(before, after) : removed;
         if ((changes & wanted) != 0)
             printer.Add(&before, found ? &after : nullptr, changes, symbols.MoreCells(before));
     });
-    for (std::size_t row = 0; row < rows.Count(); ++row)
+    for (std::size_t row = 0; isBeforeWhole && row < rows.Count(); ++row)
         if ((wanted & kAdded) != 0 && !index.WasFound(row)) {
             const Row added = rows.At(row);
             printer.Add(nullptr, &added, kAdded, symbols.MoreCells(added));
         }
     printer.Finish();
-    return printer.Count() == 0 ? kDone : kIncomplete;
+    return printer.Count() == 0 && isBeforeWhole && isAfterWhole ? kDone : kIncomplete;
 }

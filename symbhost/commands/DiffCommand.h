@@ -23,5 +23,5 @@ struct DiffOptions
 std::string ChangeProblem(const std::string& word);
 
 // Compares the symbols of two exports; of `load` the paths of the exports do not count. Answers an exit status:
-// kIncomplete when a difference is shown.
+// kIncomplete when a difference is shown or not all symbols were looked at.
 int DiffCommand(const LoadOptions& load, const DiffOptions& options, COutput& output);

@@ -89,6 +89,11 @@ bool CWalk::Next()
             continue;
         }
         ++level.entries;
+        if (visited++ == options.most) {
+            cut.isStopped = true;
+            levels.clear();
+            continue;
+        }
         Visit(entry);
     }
     return true;

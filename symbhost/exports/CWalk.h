@@ -2,6 +2,7 @@
 
 #include "symbhost/exports/CProject.h"
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -9,16 +10,18 @@ struct WalkOptions
 {
     std::string path; // below which to walk; empty: all variables
     bool branches = false;
-    DWORD elements = 0; // at most so many of each dimension; 0: all
-    bool below = true;  // not only the variables themselves
+    DWORD elements = 0;                                         // at most so many of each dimension; 0: all
+    bool below = true;                                          // not only the variables themselves
+    std::size_t most = std::numeric_limits<std::size_t>::max(); // symbols that are looked up, yielded or not
 };
 
 // What a walk left out.
 struct WalkCut
 {
     std::size_t count = 0;
-    std::string first; // the first symbol below which something is missing
-    std::string why;   // of that one
+    std::string first;      // the first symbol below which something is missing
+    std::string why;        // of that one
+    bool isStopped = false; // there are more symbols than were to be looked up
 };
 
 // Walks depth first in listing order over what a host is listed, and looks each symbol up.
@@ -67,6 +70,7 @@ private:
     std::vector<Level> levels;
     bool isFound = true;
     bool hasRow = false; // `row` is to be yielded
+    std::size_t visited = 0;
     Row row;
     LookupAnswer answer{};              // holds the row's texts
     std::optional<CProject::Root> root; // or this does

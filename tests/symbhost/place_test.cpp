@@ -11,7 +11,7 @@ constexpr char kPlant[] = "TYPE Motor STRUCT SPEED INT @0 size 2 STATE WORD @2 s
                           "VAR BIT11 BOOL AT %MW10.11 block 5 @21 size 1 bit 3\n"
                           "VAR BIT3 BOOL AT %MW10.3 block 5 @20 size 1 bit 3 VAR NOSIZE INT AT %MW11 block 5 @22\n"
                           "VAR MOTOR1 Motor AT %MW12 block 5 @24 size 4 VAR NOWHERE INT AT %MW10\n"
-                          "VAR PID1 Pid block 6 @100 size 12 VAR HALF DINT block 5 @26 size 4\n";
+                          "VAR PID1 Pid block 6 @100 size 12 VAR HALF DINT AT 0.5 block 5 @26 size 4\n";
 
 class PlaceTest : public HostTest
 {
@@ -56,6 +56,9 @@ TEST_F(PlaceTest, FindsWhatTouchesAPlace)
         {{"5:20-"}, "2"},
         {{"5:20 "}, "2"},
         {{"12"}, "2"},
+        {{"MOTOR1"}, "2"},
+        {{"0.5"}, "0 MOTOR1.STATE MOTOR1 HALF"}, // an address where a symbol has it
+        {{"5:22", "5:9-8"}, "2"},
         {{""}, "2"},
     };
     const std::string plant = Export(kPlant);
