@@ -65,7 +65,7 @@ std::optional<GivenName> CNameList::Next()
 {
     for (; position < source.names.size(); ++position) {
         if (source.names[position] != "-")
-            return GivenName{Utf8FromArgument(source.names[position++]), false, {}};
+            return GivenName{Utf8FromArgument(source.names[position++]), {}, {}};
         if (!typed)
             typed.emplace(standard);
         if (std::optional<GivenName> name = ReadLine(*typed, standard))
@@ -81,9 +81,10 @@ std::optional<GivenName> CNameList::ReadLine(CTableInput& input, std::istream& s
 {
     CTableInput::Record line;
     while (input.NextLine(line)) {
-        std::string name = Trimmed(line.cells.front().substr(0, line.isTooLong ? kShownOfLongName : std::string::npos));
+        std::string name =
+            Trimmed(line.cells.front().substr(0, line.fault.empty() ? std::string::npos : kShownOfLongName));
         if (!name.empty())
-            return GivenName{std::move(name), line.isTooLong, {}};
+            return GivenName{std::move(name), line.fault, {}};
     }
     CheckReading(stream, &stream == &standard ? "-" : source.file);
     return std::nullopt;
@@ -97,9 +98,9 @@ std::optional<GivenName> CNameList::ReadRow()
         return std::nullopt;
     }
     row.cells.resize(moreColumns.size() + 1);
-    GivenName name{Trimmed(std::move(row.cells[column])), row.isTooLong, std::move(row.cells)};
+    GivenName name{Trimmed(std::move(row.cells[column])), row.fault, std::move(row.cells)};
     name.more.erase(name.more.begin() + static_cast<std::ptrdiff_t>(column));
-    if (name.isTooLong)
+    if (!name.fault.empty())
         name.name.resize(std::min(name.name.size(), kShownOfLongName));
     return name;
 }

@@ -19,7 +19,7 @@ struct NameSource
 struct GivenName
 {
     std::string name;              // UTF-8, without blanks around
-    bool isTooLong;                // cut: it can be no name
+    std::string_view fault;        // why it can be no name; empty: it may be one
     std::vector<std::string> more; // the cells of the other columns
 };
 

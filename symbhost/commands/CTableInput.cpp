@@ -1,6 +1,6 @@
 #include "symbhost/commands/CTableInput.h"
 
-#include <string_view>
+#include <utility>
 
 namespace {
 
@@ -13,32 +13,50 @@ bool IsLineEnd(char c)
 class CCellWriter
 {
 public:
-    explicit CCellWriter(CTableInput::Record& target) : record(target) { record = {{""}, false}; }
+    explicit CCellWriter(CTableInput::Record& target) : record(target) { record = {{""}, {}}; }
 
     void Add(char c)
     {
-        record.isTooLong = ++bytes > CTableInput::kLongestRecord;
-        if (!record.isTooLong)
+        if (HasRoom())
             record.cells.back() += c;
     }
     void NewCell()
     {
-        record.isTooLong = ++bytes > CTableInput::kLongestRecord;
-        if (!record.isTooLong)
+        if (HasRoom())
             record.cells.emplace_back();
     }
 
 private:
+    bool HasRoom()
+    {
+        if (++bytes > CTableInput::kLongestRecord)
+            record.fault = "the line is too long for a name";
+        return record.fault.empty();
+    }
+
     CTableInput::Record& record;
     std::size_t bytes = 0;
 };
 
 } // namespace
 
+std::optional<char> CTableInput::NextCharacter()
+{
+    if (handedOut == again.size())
+        return input.Next();
+    return again[handedOut++];
+}
+
+void CTableInput::PutBack(const std::string& text)
+{
+    again.replace(0, handedOut, text);
+    handedOut = 0;
+}
+
 bool CTableInput::NextLine(Record& record)
 {
     CCellWriter writer(record);
-    while (const std::optional<char> c = input.Next()) {
+    while (const std::optional<char> c = NextCharacter()) {
         if (!IsLineEnd(*c))
             writer.Add(*c);
         else if (!record.cells.back().empty())
@@ -47,8 +65,7 @@ bool CTableInput::NextLine(Record& record)
     return !record.cells.back().empty();
 }
 
-template <class NextCharacter>
-bool CTableInput::ReadRow(Record& record, NextCharacter&& next) const
+bool CTableInput::ReadRow(Record& record)
 {
     CCellWriter writer(record);
     enum class Where
@@ -59,10 +76,26 @@ bool CTableInput::ReadRow(Record& record, NextCharacter&& next) const
         BehindQuote // which ends the quotes unless another one follows
     } where = Where::CellStart;
     bool isEmpty = true;
-    while (const std::optional<char> c = next()) {
+    bool isNotClosed = false;
+    // Of a row with quotes around a line end: its cells up to there, and the text behind.
+    std::optional<Record> firstLine;
+    std::string behindLine;
+    while (const std::optional<char> c = NextCharacter()) {
         const bool isQuote = *c == '"';
         const bool isInside = where == Where::Quotes;
-        if (!isInside && IsLineEnd(*c)) {
+        const bool isEnd = IsLineEnd(*c);
+        if (firstLine)
+            behindLine += *c;
+        if (where == Where::BehindQuote && (isEnd || separator == *c))
+            firstLine.reset(); // the quotes were closed
+        isNotClosed = firstLine && ((isInside && !record.fault.empty()) || (where == Where::BehindQuote && !isQuote));
+        if (isNotClosed)
+            break;
+        if (isInside && isEnd && !firstLine) {
+            firstLine = record;
+            behindLine.clear();
+        }
+        if (!isInside && isEnd) {
             if (!isEmpty)
                 return true;
             continue;
@@ -78,25 +111,26 @@ bool CTableInput::ReadRow(Record& record, NextCharacter&& next) const
             where = isInside || (isQuote && where == Where::BehindQuote) ? Where::Quotes : Where::Cell;
         }
     }
-    return !isEmpty;
+    if (!isNotClosed && where != Where::Quotes)
+        return !isEmpty;
+    if (firstLine) {
+        record = std::move(*firstLine);
+        PutBack(behindLine);
+    }
+    record.fault = "a quote in the line is not closed";
+    return true;
 }
 
 bool CTableInput::NextRow(Record& record)
 {
-    if (hasHeader)
-        return ReadRow(record, [this] { return input.Next(); });
-    hasHeader = true;
-    if (!NextLine(record))
-        return false;
-    const std::string line = record.cells.front();
-    for (const char candidate : {',', ';', '\t'})
-        if (line.find(candidate) != std::string::npos)
-            separator = candidate;
-    return ReadRow(record, [rest = std::string_view(line)]() mutable -> std::optional<char> {
-        if (rest.empty())
-            return std::nullopt;
-        const char c = rest.front();
-        rest.remove_prefix(1);
-        return c;
-    });
+    if (!std::exchange(hasHeader, true)) {
+        if (!NextLine(record))
+            return false;
+        const std::string& line = record.cells.front();
+        for (const char candidate : {',', ';', '\t'})
+            if (line.find(candidate) != std::string::npos)
+                separator = candidate;
+        PutBack(line + '\n');
+    }
+    return ReadRow(record);
 }

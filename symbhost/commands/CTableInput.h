@@ -2,10 +2,11 @@
 
 #include "symbhost/commands/CTextInput.h"
 
+#include <string_view>
 #include <vector>
 
 // Lines of a text, or rows of a table with cells between separators and quotes as in RFC 4180. What is
-// longer than kLongestRecord is cut; what follows it is read as ever.
+// longer than kLongestRecord is cut, and quotes that are not closed end with their line; what follows is read as ever.
 class CTableInput
 {
 public:
@@ -14,7 +15,7 @@ public:
     struct Record
     {
         std::vector<std::string> cells; // one at least
-        bool isTooLong = false;
+        std::string_view fault = {};    // why it cannot be used; empty: it can
     };
 
     explicit CTableInput(std::istream& source) : input(source) {}
@@ -26,10 +27,14 @@ public:
     bool NextRow(Record& record);
 
 private:
-    template <class NextCharacter>
-    bool ReadRow(Record& record, NextCharacter&& next) const;
+    std::optional<char> NextCharacter();
+    // The next characters are those of `text`.
+    void PutBack(const std::string& text);
+    bool ReadRow(Record& record);
 
     CTextInput input;
+    std::string again; // characters that were put back, from `handedOut` on
+    std::size_t handedOut = 0;
     bool hasHeader = false;
     std::optional<char> separator;
 };

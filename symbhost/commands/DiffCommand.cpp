@@ -28,7 +28,7 @@ public:
         columns = ColumnsIn(list);
         names.emplace();
         while (std::optional<GivenName> name = list.Next())
-            if (!name->isTooLong)
+            if (name->fault.empty())
                 names->insert_or_assign(UpperName(name->name), std::move(*name));
     }
 

@@ -16,18 +16,18 @@ void AppendCellsIn(const GivenName& name, std::vector<Cell>& cells)
 
 LookupAnswer LookUpGiven(CSymb& table, CConsoleSink& sink, const GivenName& name)
 {
-    if (!name.isTooLong)
+    if (name.fault.empty())
         return LookUp(table, sink, name.name);
     LookupAnswer refused{};
     refused.name = name.name;
     refused.result = E_INVALIDARG;
-    refused.message = "the line is too long for a name";
+    refused.message = name.fault;
     return refused;
 }
 
 Explanation ExplainGiven(CExplainer& explainer, const GivenName& name, const LookupAnswer& answer)
 {
-    if (name.isTooLong)
-        return {Reason::NotAPath, "the line is too long for a name; this is its beginning"};
+    if (!name.fault.empty())
+        return {Reason::NotAPath, std::string(name.fault) + "; this is its beginning"};
     return explainer.Explain(answer);
 }

@@ -9,7 +9,7 @@
 std::vector<Column> ColumnsIn(const CNameList& names);
 void AppendCellsIn(const GivenName& name, std::vector<Cell>& cells);
 
-// A lookup of the name; one that is too long fails without being asked.
+// A lookup of the name; one with a fault fails without being asked.
 LookupAnswer LookUpGiven(CSymb& table, CConsoleSink& sink, const GivenName& name);
 // Why the name, looked up, is served or not.
 Explanation ExplainGiven(CExplainer& explainer, const GivenName& name, const LookupAnswer& answer);

@@ -222,6 +222,9 @@ TEST_F(ListTest, ReadsNamesFromFiles)
         {"No,Tag;x;tag\r\n1;\"W1\"\r\n2\r\n;\"A\n\"\"B\";;;\n", "no,TAG",
          "1 not-in-export\n2 not-in-export\n not-a-path\n"},
         {"Tag\tNo,;\n\"W1\"\t\"\"\nA\xFF\t", "Tag", "W1 \nA\uFFFD not-a-path\n"},
+        // Quotes that nothing closes, or something that was not meant to; a line end inside quotes.
+        {"Tag,No\n\"W1\nW1,1\n\"LOOSE\n\"W1\"\nW1,\"a\nb\"\nLOOSE,\"\nW1,\"x\ny\"", "Tag",
+         "W1 not-a-path\nW1 \nLOOSE not-a-path\nW1 \nW1 \nLOOSE not-a-path\nW1 \n"},
         {"Tag\nW1\n", "Name", ""},
         {"", "Name", ""},
     };
