@@ -19,6 +19,7 @@
 namespace {
 
 constexpr DWORD kLargestPage = 1000000;
+constexpr WORD kLargestWord = std::numeric_limits<WORD>::max();
 
 constexpr char kFooter[] = "Exit status: 0 all done, 1 a symbol is not served or a listing is not complete,\n"
                            "2 not done: the command line is wrong, the export cannot be loaded or the output fails.\n"
@@ -139,7 +140,8 @@ void CCommandLine::AddBrowse()
         ->excludes("--leaves");
     browse.add_flag_callback(
         "--unlocated", [&request] { request.filter = "%UL"; }, "List only what has no address of its own");
-    browse.add_option("--vartype", request.varType, "List entries of this variant type only");
+    browse.add_option("--vartype", request.varType, "List entries of this variant type only")
+        ->check(CLI::Range(WORD{0}, kLargestWord));
     AddBrowseForm(browse);
     commands.back().takeRest = [&request](const std::string& path) {
         if (!request.path.empty())
@@ -239,7 +241,9 @@ void CCommandLine::AddAt()
 void CCommandLine::AddMap()
 {
     CLI::App& map = AddCommand("map", "Show how the variables use the memory");
-    map.add_option("--block", mapOptions.block, "Only this block")->type_name("N");
+    map.add_option("--block", mapOptions.block, "Only this block")
+        ->type_name("N")
+        ->check(CLI::Range(WORD{0}, kLargestWord));
     map.add_option("--svg", mapOptions.svgPath, "Write a picture instead of a table")->type_name("FILE");
     AddForm(map, mapOptions.form);
     commands.back().run = [this](auto& loaded, auto& output) { return MapCommand(loaded, mapOptions, output); };

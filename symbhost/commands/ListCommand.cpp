@@ -14,11 +14,15 @@ void ToUtf8(std::optional<std::string>& argument)
         argument = Utf8FromArgument(*argument);
 }
 
-// Prints what `walk` yields. Answers whether that was all there is.
-bool PrintWalk(CWalk& walk, const std::string& path, const RowFilter& filter, CRecordPrinter<Row>& printer)
+// Prints what a walk yields. Answers whether that was all there is.
+bool PrintWalk(const CProject& project, const WalkOptions& options, const RowFilter& filter,
+               CRecordPrinter<Row>& printer)
 {
+    CWalk walk(project, options);
     if (!walk.IsFound()) {
-        Complain("there is no symbol " + path + "; symbhost why tells more");
+        const std::string path = options.path.value_or("");
+        Complain(path.empty() ? "an empty PATH is no symbol"
+                              : "there is no symbol " + path + "; symbhost why tells more");
         return false;
     }
     while (walk.Next())
@@ -38,12 +42,13 @@ int ListCommand(CLoadedExport& loaded, const ListOptions& options, COutput& outp
     const CProject project(loaded);
     CRecordPrinter<Row> printer(output, options.form, RowFields());
     bool isComplete = true;
-    for (const std::string& path : options.paths.empty() ? std::vector<std::string>{""} : options.paths) {
-        WalkOptions below = options.walk;
-        below.path = MendedPath(Utf8FromArgument(path));
-        CWalk walk(project, below);
-        isComplete = PrintWalk(walk, below.path, filter, printer) && isComplete;
+    WalkOptions walk = options.walk;
+    for (const std::string& path : options.paths) {
+        walk.path = MendedPath(Utf8FromArgument(path));
+        isComplete = PrintWalk(project, walk, filter, printer) && isComplete;
     }
+    if (options.paths.empty())
+        isComplete = PrintWalk(project, walk, filter, printer);
     printer.Finish();
     return isComplete ? kDone : kIncomplete;
 }

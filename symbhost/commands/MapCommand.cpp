@@ -71,6 +71,8 @@ int MapCommand(CLoadedExport& loaded, const MapOptions& options, COutput& output
         mapped.variables.Add(walk.Current());
     }
     ComplainOfCut(walk.Cut());
+    if (options.block && mapped.variables.Count() == 0)
+        Complain("no variable lies in block " + std::to_string(*options.block));
     if (!options.svgPath.empty())
         DrawMap(mapped, project.File(), options.svgPath, loaded.Path());
     if (options.svgPath.empty() || options.form != OutputForm::Table)

@@ -37,10 +37,13 @@ std::string CSymbolPath::Step(std::size_t step) const
 
 std::string MendedPath(std::string path)
 {
-    while (path.ends_with('.'))
-        path.pop_back();
+    const std::size_t end = path.find_last_not_of('.') + 1;
+    if (end != 0) // a path of dots alone stays: without them it would mean all variables
+        path.resize(end);
     const std::size_t open = path.rfind('[');
-    if (open != std::string::npos && path.find_first_of("].", open) == std::string::npos)
+    if (open != std::string::npos && open + 1 == path.size())
+        path.pop_back();
+    else if (open != std::string::npos && path.find_first_of("].", open) == std::string::npos)
         path += ']';
     return path;
 }

@@ -29,6 +29,6 @@ private:
     std::optional<std::string> bit;
 };
 
-// A path as someone types it: a dot at its end is taken off and an open bracket closed, because names that
-// are built from it would not resolve.
+// A path as someone types it: a dot or an open bracket at its end is taken off and an index closed, because names
+// that are built from it would not resolve.
 std::string MendedPath(std::string path);

@@ -20,16 +20,18 @@ std::string ParentOf(const std::string& path)
 
 CWalk::CWalk(const CProject& walked, const WalkOptions& wanted) : project(walked), options(wanted)
 {
-    Begin();
+    if (options.path)
+        Begin(*options.path);
+    else
+        levels.push_back({CListing(project.Table(), {}), {}, {}});
 }
 
-void CWalk::Begin()
+void CWalk::Begin(const std::string& path)
 {
-    if (options.path.empty()) {
-        levels.push_back({CListing(project.Table(), {}), {}, {}});
+    isFound = !path.empty(); // which a listing takes for all variables
+    if (!isFound)
         return;
-    }
-    ListingEntry entry{options.path, options.path, false, false};
+    ListingEntry entry{path, path, false, false};
     std::string parentType;
     root = project.FindRoot(entry.symbol);
     if (!root) {
@@ -47,7 +49,7 @@ void CWalk::Begin()
         entry.isBranch = !FindElementaryType(row.typeName, NameCase::Ignored);
     else if (root && root->isListed)
         entry.isBranch = root->isBranch;
-    else if (const ListingEntry* found = FindAbove(above))
+    else if (const ListingEntry* found = FindAbove(path, above))
         entry.isBranch = found->isBranch;
     else
         isFound = false;
@@ -56,13 +58,13 @@ void CWalk::Begin()
     hasRow = isFound && (options.branches || !entry.isBranch);
 }
 
-const ListingEntry* CWalk::FindAbove(std::vector<ListingEntry>& page) const
+const ListingEntry* CWalk::FindAbove(const std::string& path, std::vector<ListingEntry>& page) const
 {
     ListingRequest request;
-    request.path = ParentOf(options.path);
+    request.path = ParentOf(path);
     if (request.path.empty())
         return nullptr;
-    const std::string wanted = UpperName(options.path);
+    const std::string wanted = UpperName(path);
     CListing listing(project.Table(), request);
     while (listing.NextPage(page))
         for (const ListingEntry& entry : page)

@@ -8,7 +8,7 @@
 
 struct WalkOptions
 {
-    std::string path; // below which to walk; empty: all variables
+    std::optional<std::string> path; // below which to walk; none: all variables
     bool branches = false;
     DWORD elements = 0;                                         // at most so many of each dimension; 0: all
     bool below = true;                                          // not only the variables themselves
@@ -52,9 +52,9 @@ private:
         std::size_t entries = 0;  // seen so far
     };
 
-    void Begin();
+    void Begin(const std::string& path);
     // The entry of the path in the listing above it, where neither a lookup nor a listing of its own answers.
-    const ListingEntry* FindAbove(std::vector<ListingEntry>& page) const;
+    const ListingEntry* FindAbove(const std::string& path, std::vector<ListingEntry>& page) const;
     void Visit(const ListingEntry& entry);
     // Fills `row` with the answer of a lookup; the facts of a variable that is not served come from the export.
     void Describe(const ListingEntry& entry, const std::string& parentType, LookupAnswer&& looked);

@@ -79,11 +79,22 @@ std::optional<Change> ChangeOf(std::string_view word)
 std::string ChangeText(const Row& before, const Row& after, unsigned changes)
 {
     std::string text;
-    if (changes & kMoved)
+    const auto appendNumbers = [&text](const char* what, std::uint32_t first, std::uint32_t second) {
+        AppendPair(text, what, std::to_string(first), std::to_string(second));
+    };
+    const bool areServed = before.IsServed() && after.IsServed();
+    if (changes & kMoved) {
         AppendPair(text, "", PlaceText(before), PlaceText(after));
+        if (PlaceText(before) == PlaceText(after)) { // the parts of its sum changed, or a bit that no word has
+            appendNumbers("offset ", before.offset, after.offset);
+            appendNumbers("relative offset ", before.relativeOffset, after.relativeOffset);
+            appendNumbers("bit ", before.bit, after.bit);
+        }
+    }
     if (changes & kResized) {
-        AppendPair(text, "size ", std::to_string(before.size), std::to_string(after.size));
-        AppendPair(text, "relative size ", std::to_string(before.relativeSize), std::to_string(after.relativeSize));
+        appendNumbers("size ", before.size, after.size);
+        if (areServed)
+            appendNumbers("relative size ", before.relativeSize, after.relativeSize);
     }
     if (changes & kRetyped && !IsSameName(before.typeName, after.typeName))
         AppendPair(text, "", before.typeName, after.typeName);

@@ -41,6 +41,12 @@ TEST_F(DiffTest, TellsEachChange)
          "VAR A BOOL AT %MW1.3 block 5 @3 size 1 bit 3",
          {},
          "~ A  5:2.3 -> 5:2.11\n"},
+        // The parts of a sum; a bit that no word has.
+        {"TYPE T STRUCT A INT @0 END DFB F IN P T @8 END VAR G F block 5 @10 size 12",
+         "TYPE T STRUCT A INT @2 END DFB F IN P T @6 END VAR G F block 5 @10 size 12",
+         {"--name", "*.a"},
+         "~ G.P.A  offset 18 -> 16, relative offset 0 -> 2\n"},
+        {"VAR A BOOL AT %M1 block 5 bit 77", "VAR A BOOL AT %M1 block 5 bit 78", {}, "~ A  bit 77 -> 78\n"},
         // Served or not; what is not known of one is no change.
         {"VAR A INT AT %MW1 block 5 @2 size 2 VAR B INT block 5",
          "VAR A INT block 5 @2 size 2 VAR B INT AT %M1 block 5",
