@@ -7,32 +7,11 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
+source scripts/counting.sh install
+
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-log=$work/log
-logs=$PWD/build/logs
 server='{7C1E52A4-93D0-4B6F-A815-2E60F49BC731}.so'
-passed=0
-failed=0
-
-# check NAME COMMAND...: the command must succeed.
-check() {
-    local status
-    set +e
-    (
-        set -e
-        "${@:2}"
-    ) >"$log" 2>&1 # errors end a function only outside of any condition
-    status=$?
-    set -e
-    if ((status == 0)); then
-        passed=$((passed + 1))
-        return
-    fi
-    failed=$((failed + 1))
-    echo "FAILED  install: $1:"
-    tail -n 30 "$log" | sed 's/^/    /'
-}
 
 # equal EXPECTED ACTUAL
 equal() {
@@ -58,11 +37,6 @@ unpack_debs() {
     done
     dpkg-deb --field build/packages/symbkds_*.deb Depends | grep 'libc6.*libstdc++6'
     dpkg-deb --field build/packages/symbkds-dev_*.deb Depends | grep 'symbkds (= '
-}
-
-unpack_tar() {
-    mkdir "$1"
-    tar --extract --file="$(ls build/packages/*.tar.gz)" --directory="$1" --strip-components=1
 }
 
 run_program() {
@@ -207,21 +181,18 @@ build_as_subdirectory() {
     run_host "$build/host" "$(<"$build/plugin-path")"
 }
 
-mkdir -p "$logs"
 bash scripts/bootstrap.sh build package
-check "build" build
-((failed == 0)) || { echo "install: $passed passed, $failed failed"; exit 1; }
+must "build" build
 check "installation" install_and_move "$work/moved here"
 use_installation "moved" "$work/moved here"
 check "completion" complete_lines "$work/moved here"
 break_installations
 check "packages" bash scripts/package.sh linux
-if compgen -G 'build/packages/*.tar.gz' >/dev/null; then # they come together or not at all
+if ((status == 0)); then
     check "unpacked .deb" unpack_debs
     use_installation ".deb" "$work/debs/usr"
-    check "unpacked .tar.gz" unpack_tar "$work/tar"
+    check "unpacked .tar.gz" unpack tar.gz "$work/tar"
     use_installation ".tar.gz" "$work/tar"
 fi
 check "subdirectory of another project" build_as_subdirectory
-echo "install: $passed passed, $failed failed"
-((failed == 0))
+finish
