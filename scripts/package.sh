@@ -1,13 +1,21 @@
 #!/usr/bin/env bash
 # Makes packages of the release build in build/packages/: two .deb (what runs,
-# what a host is built with), a .tar.gz, and a .zip for 32-bit Windows where the
-# cross build stands (scripts/windows.sh build).
+# what a host is built with), a .tar.gz, and a .zip for 32-bit Windows.
 #
-#   scripts/package.sh [linux]      linux: without the .zip
+#   scripts/package.sh [linux|windows]      without: all, the .zip where the cross build stands
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-bash scripts/bootstrap.sh build package
+system=${1:-all}
+case $system in
+    linux | all) groups=(build package) ;;
+    windows) groups=(build windows) ;;
+    *)
+        echo "usage: scripts/package.sh [linux|windows]" >&2
+        exit 2
+        ;;
+esac
+bash scripts/bootstrap.sh "${groups[@]}"
 mkdir -p build/logs
 rm -rf build/packages
 mkdir build/packages
@@ -30,12 +38,12 @@ package() {
     rm -rf "build/$preset/packages"
 }
 
-package release symbkds symbhost symbhost_manual
-if [[ ${1:-} == linux ]]; then
-    :
-elif [[ -e build/windows-x86/CMakeCache.txt ]]; then
+if [[ $system != windows ]]; then
+    package release symbkds symbhost symbhost_manual
+fi
+if [[ $system == windows || ($system == all && -e build/windows-x86/CMakeCache.txt) ]]; then
     package windows-x86 symbkds KorvaProServices symbhost windows_runtime
-else
-    echo "package: no .zip for Windows: scripts/windows.sh build makes the cross build that it takes"
+elif [[ $system == all ]]; then
+    echo "package: no .zip for Windows: scripts/package.sh windows makes it"
 fi
 ls -1 build/packages/*

@@ -14,8 +14,8 @@ checkout=$PWD
 cache=$checkout/.cache/windows
 build=$checkout/build/windows-x86
 bin=$build/bin
+packed=$build/packed # the unpacked .zip
 wine_root=$cache/wine-root
-logs=$checkout/build/logs
 export DEBIAN_FRONTEND=noninteractive
 
 skip() {
@@ -36,46 +36,30 @@ if [[ ${1:-} != build && -z ${SYMBKDS_OWN_MOUNTS:-} ]]; then
     exec unshare --mount --propagation private bash scripts/windows.sh "$@"
 fi
 
-mkdir -p "$cache" "$logs"
-passed=0
-failed=0
-
-ok() {
-    echo "ok      windows: $1"
-    passed=$((passed + 1))
-}
-
-not_ok() {
-    echo "FAILED  windows: $1"
-    failed=$((failed + 1))
-}
-
-finish() {
-    echo "windows: $passed passed, $failed failed"
-    ((failed == 0))
-    exit
-}
-
-# must NAME COMMAND...: a step without which the rest makes no sense; its output goes to a log.
-must() {
-    local log=$logs/windows-${1// /-}.log status
-    set +e
-    (
-        set -e
-        "${@:2}"
-    ) >"$log" 2>&1 # errors end a function only outside of any condition
-    status=$?
-    set -e
-    if ((status)); then
-        not_ok "$1, from $log:"
-        tail -n 40 "$log" | sed 's/^/    /'
-        finish
-    fi
-}
+source scripts/counting.sh windows
+mkdir -p "$cache"
 
 build_windows() {
     cmake --preset windows-x86
     cmake --build --preset windows-x86 --parallel "$(nproc)"
+}
+
+# What the tests use is the .zip as it would be installed; they are laid beside its files.
+pack() {
+    bash scripts/package.sh windows
+    unpack zip "$packed"
+}
+
+lay_tests_beside() {
+    cp "$bin"/*_tests.exe "$bin"/*_tests.exe.manifest "$bin"/{code_page_view,other_abi_host}.exe "$packed/bin"
+}
+
+# The files that docs/windows.md says belong together, and no others, lie beside the documents.
+compare_files() {
+    diff <(sed -n '/^| File /,/^$/s/^| \(`[^|]*\) |.*/\1/p' docs/windows.md | tr -d '`' | tr ' ' '\n' | sort) \
+        <(ls "$packed/bin" | sort)
+    diff <(printf '%s\n' bin share/doc/symbkds) <(cd "$packed" && find . -type f -printf '%P\n' |
+        sed -E 's,^(bin|share/doc/symbkds)/.*,\1,' | sort -u)
 }
 
 # A host of another compiler; it has no C++ runtime and finds the component through the registry.
@@ -150,18 +134,15 @@ normalised() {
 }
 
 # The program's output and status on both systems must be the same.
-compare() {
-    local host=$1
-    shift
+same_output() {
     local expected actual
-    expected=$(build/release/bin/symbhost "$@" 2>&1 && echo "status 0" || echo "status $?")
-    actual=$(wine "$host" "$@" 2>&1 && echo "status 0" || echo "status $?")
-    if diff <(normalised <<<"$expected") <(normalised <<<"$actual") >"$logs/windows-difference.log"; then
-        ok "$label: symbhost $*"
-    else
-        not_ok "$label: symbhost $* prints something else than on Linux:"
-        head -n 20 "$logs/windows-difference.log" | sed 's/^/    /'
-    fi
+    expected=$(build/release/bin/symbhost "${@:2}" 2>&1 && echo "status 0" || echo "status $?")
+    actual=$(wine "$@" 2>&1 && echo "status 0" || echo "status $?")
+    diff <(normalised <<<"$expected") <(normalised <<<"$actual")
+}
+
+compare() {
+    check "$label: symbhost ${*:2} prints what it prints on Linux" same_output "$@"
 }
 
 # A dump without the tick counts of its first and last line and the time of the export in its seventh.
@@ -169,18 +150,13 @@ without_stamps() {
     sed -e '1s/[^ ]*\r$/T\r/' -e '7s/.*/F/' -e '$s/[^ ]* \r$/T \r/' "$1"
 }
 
-compare_dump() {
-    local host=$1 folder=build/windows-x86/dump
+same_dump() {
+    local folder=build/windows-x86/dump
     rm -rf "$folder"
     mkdir -p "$folder/linux" "$folder/windows"
-    build/release/bin/symbhost dump examples/plant.kds "$folder/linux" >/dev/null
-    wine "$host" dump 'examples\plant.kds' "$(windows_path "$checkout/$folder/windows")" >/dev/null 2>&1 || true
-    if diff <(without_stamps "$folder"/linux/*.log) <(without_stamps "$folder"/windows/*.log) >"$folder/difference" 2>&1; then
-        ok "$label: the dump of the plant"
-    else
-        not_ok "$label: the dump of the plant differs from the one on Linux:"
-        head -n 20 "$folder/difference" | sed 's/^/    /'
-    fi
+    build/release/bin/symbhost dump examples/plant.kds "$folder/linux"
+    wine "$1" dump 'examples\plant.kds' "$(windows_path "$checkout/$folder/windows")"
+    diff <(without_stamps "$folder"/linux/*.log) <(without_stamps "$folder"/windows/*.log)
 }
 
 compare_host() {
@@ -195,58 +171,41 @@ compare_host() {
     compare "$host" browse $plant --page 7
     compare "$host" browse $plant --fields AC
     compare "$host" browse $plant 'UNIT1.PUMP[1]' --fields AC
-    compare_dump "$host"
+    check "$label: the dump of the plant is that of Linux" same_dump "$host"
 }
 
-# expect NAME STATUS COMMAND...: the command must end with the status.
-expect() {
-    local name=$1 expected=$2 status=0
-    shift 2
-    "$@" >"$logs/windows-expect.log" 2>&1 || status=$?
-    if ((status == expected)); then
-        ok "$name"
-    else
-        not_ok "$name: status $status instead of $expected"
-        tail -n 20 "$logs/windows-expect.log" | sed 's/^/    /'
-    fi
+is_threading_model_both() {
+    wine reg query "$1" /v ThreadingModel | grep 'REG_SZ *Both'
+}
+
+# What a host receives under code page 1252, byte by byte: <: received, >: expected.
+same_code_page_view() {
+    diff <(wine "$packed/bin/code_page_view.exe" tests/data/code-page.kds 2>&1 | sed 's/\r$//') tests/data/code-page-1252.txt
 }
 
 # The registered component must be all that leads a program of its own folder, without a manifest, to it.
 test_registered() {
     local folder=$build/registered component key='HKCR\CLSID\{7C1E52A4-93D0-4B6F-A815-2E60F49BC731}\InprocServer32'
-    component=$(windows_path "$bin/KorvaProServices.dll")
+    component=$(windows_path "$packed/bin/KorvaProServices.dll")
     label=registered
     rm -rf "$folder"
     mkdir -p "$folder"
-    cp "$bin"/{symbhost.exe,symbkds.dll,libstdc++-6.dll,libgcc_s_dw2-1.dll,libwinpthread-1.dll} "$folder"
+    cp "$packed/bin"/{symbhost.exe,symbkds.dll,libstdc++-6.dll,libgcc_s_dw2-1.dll,libwinpthread-1.dll} "$folder"
     wine regsvr32 /s /u "$component" || true # what an aborted run left
     expect "not registered: the plant cannot be loaded" 2 wine "$folder/symbhost.exe" info examples/plant.kds
-    expect "regsvr32 registers the component" 0 wine regsvr32 /s "$component"
-    expect "the threading model is Both" 0 wine reg query "$key" /v ThreadingModel
-    grep -q 'REG_SZ *Both' "$logs/windows-expect.log" || not_ok "the registry says: $(<"$logs/windows-expect.log")"
+    check "regsvr32 registers the component" wine regsvr32 /s "$component"
+    check "the threading model is Both" is_threading_model_both "$key"
     compare_host "$folder/symbhost.exe"
     left_out=$(sed -n 's/^\([A-Za-z0-9_]*\.[A-Za-z0-9_]*\) .*/\1/p' tests/windows/left-out.txt | paste -sd:)
     echo "        windows: left out: ${left_out//:/, } (tests/windows/left-out.txt tells why)"
-    for program in "$bin"/*_tests.exe; do
+    for program in "$packed/bin"/*_tests.exe; do
         run_tests "$program"
     done
-    test_code_page
-    expect "a host of another compiler" 0 wine "$bin/other_abi_host.exe" "$(windows_path "$bin/symbkds.dll")" \
-        'examples\plant.kds'
-    expect "regsvr32 takes the component back" 0 wine regsvr32 /s /u "$component"
+    check "texts under code page 1252" same_code_page_view
+    check "a host of another compiler" wine "$packed/bin/other_abi_host.exe" \
+        "$(windows_path "$packed/bin/symbkds.dll")" 'examples\plant.kds'
+    check "regsvr32 takes the component back" wine regsvr32 /s /u "$component"
     expect "unregistered: the registry holds nothing of it" 1 wine reg query "${key%\\*}"
-}
-
-# What a host receives under code page 1252, byte by byte.
-test_code_page() {
-    local actual
-    actual=$(wine "$bin/code_page_view.exe" tests/data/code-page.kds 2>&1 | sed 's/\r$//')
-    if diff <(echo "$actual") tests/data/code-page-1252.txt >"$logs/windows-code-page.log"; then
-        ok "texts under code page 1252"
-    else
-        not_ok "texts under code page 1252 (<: received, >: expected):"
-        sed 's/^/    /' "$logs/windows-code-page.log"
-    fi
 }
 
 groups=(build windows)
@@ -254,15 +213,21 @@ groups=(build windows)
 must "installation" bash scripts/bootstrap.sh "${groups[@]}"
 must "build" build_windows
 must "host of another compiler" build_other_host
-expect "export and import tables" 0 python3 scripts/check-windows-binaries.py "$bin"
-[[ ${1:-} != build ]] || finish
+if [[ ${1:-} == build ]]; then
+    check "export and import tables" python3 scripts/check-windows-binaries.py "$bin"
+    finish
+fi
 
 must "Linux build" build_linux
 must "Wine" prepare_wine
 must "mounts" enter_wine
 must "start of Wine" wine wineboot # a root that was copied is brought up to date, which Wine mentions
+must "the .zip" pack
+check "the files of the .zip" compare_files
+check "export and import tables of the .zip" python3 scripts/check-windows-binaries.py "$packed/bin"
 label=manifest
-compare_host "$bin/symbhost.exe"
+compare_host "$packed/bin/symbhost.exe"
+must "tests beside the files of the .zip" lay_tests_beside
 test_registered
 chroot "$wine_root" env HOME=/root wineserver --kill || true
 finish
