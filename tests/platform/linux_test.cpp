@@ -1,12 +1,17 @@
-// Facts about this system alone: special files, paths in UTF-8, file times.
+// Facts about this system alone: special files, paths in UTF-8, file times, terminals.
+#include "platform/win32/Console.h"
 #include "platform/win32/File.h"
 #include "platform/win32/FileStat.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -55,6 +60,22 @@ TEST(LinuxFile, TimesBeyond32BitsAreMinusOne)
         EXPECT_EQ(_stat32(file.c_str(), &status), 0);
         EXPECT_EQ(status.st_mtime, expected) << seconds;
     }
+}
+
+TEST(LinuxConsole, IsAsWideAsTheTerminalTells)
+{
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+    const auto console = reinterpret_cast<HANDLE>(std::intptr_t{terminal} + 1);
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    constexpr unsigned short kColumns[] = {0, 1, 80, 65535};
+    for (const unsigned short columns : kColumns) {
+        const winsize size{24, columns, 0, 0};
+        ASSERT_EQ(ioctl(terminal, TIOCSWINSZ, &size), 0);
+        EXPECT_EQ(GetConsoleScreenBufferInfo(console, &info), columns != 0); // some tell none
+        EXPECT_EQ(info.srWindow.Right, columns == 65535 ? 32766 : std::max(columns - 1, 0)) << columns;
+    }
+    close(terminal);
+    EXPECT_FALSE(GetConsoleScreenBufferInfo(console, &info));
 }
 
 } // namespace
