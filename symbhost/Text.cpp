@@ -80,7 +80,7 @@ std::string Utf8FromArgument(const std::string& argument)
 
 std::string Printable(std::string_view text)
 {
-    if (std::ranges::all_of(text, [](char byte) { return byte >= ' ' && byte <= '~'; }))
+    if (IsPlain(text))
         return std::string(text);
     std::string printable;
     while (!text.empty()) {
@@ -96,9 +96,14 @@ std::string Printable(std::string_view text)
     return printable;
 }
 
+bool IsPlain(std::string_view text)
+{
+    return std::ranges::all_of(text, [](char byte) { return byte >= ' ' && byte <= '~'; });
+}
+
 std::string ValidUtf8(std::string_view text)
 {
-    if (std::ranges::none_of(text, [](char byte) { return (static_cast<unsigned char>(byte) & 0x80U) != 0; }))
+    if (IsPlain(text))
         return std::string(text);
     std::string valid;
     while (!text.empty()) {

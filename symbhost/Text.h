@@ -17,6 +17,9 @@ std::string Utf8FromArgument(const std::string& argument);
 // are no UTF-8 are written as escapes such as \n, \x1b or \u202e.
 std::string Printable(std::string_view text);
 
+// Whether `text` is nothing but printable ASCII, as most are.
+bool IsPlain(std::string_view text);
+
 // `text` with U+FFFD in place of each byte that is no UTF-8.
 std::string ValidUtf8(std::string_view text);
 

@@ -31,7 +31,7 @@ void CWalk::Begin(const std::string& path)
     isFound = !path.empty(); // which a listing takes for all variables
     if (!isFound)
         return;
-    ListingEntry entry{path, path, false, false};
+    ListingEntry entry{path, path, true, false}; // as far as is known
     std::string parentType;
     root = project.FindRoot(entry.symbol);
     if (!root) {
@@ -43,16 +43,16 @@ void CWalk::Begin(const std::string& path)
     Describe(entry, parentType, project.LookUp(entry.symbol));
     const bool isListed = Enter(entry.symbol);
     std::vector<ListingEntry> above;
-    if (isListed)
-        entry.isBranch = true;
-    else if (row.IsServed())
-        entry.isBranch = !FindElementaryType(row.typeName, NameCase::Ignored);
-    else if (root && root->isListed)
-        entry.isBranch = root->isBranch;
-    else if (const ListingEntry* found = FindAbove(path, above))
-        entry.isBranch = found->isBranch;
-    else
-        isFound = false;
+    if (!isListed) {
+        if (row.IsServed())
+            entry.isBranch = !FindElementaryType(row.typeName, NameCase::Ignored);
+        else if (root && root->isListed)
+            entry.isBranch = root->isBranch;
+        else if (const ListingEntry* found = FindAbove(path, above))
+            entry.isBranch = found->isBranch;
+        else
+            isFound = false;
+    }
     row.isBranch = entry.isBranch;
     SetReason(entry, entry.isBranch && !isListed);
     hasRow = isFound && (options.branches || !entry.isBranch);
@@ -132,8 +132,9 @@ void CWalk::Describe(const ListingEntry& entry, const std::string& parentType, L
         root = levels.empty() ? project.FindRoot(entry.symbol) : project.FindListedRoot(entry.symbol, entry.isBranch);
     if (root)
         AddExport(row, root->item);
-    upperType = UpperName(row.known != Row::Known::Nothing ? std::string(row.typeName)
-                                                           : project.MemberType(parentType, entry.name));
+    if (entry.isBranch)
+        upperType = UpperName(row.known != Row::Known::Nothing ? std::string(row.typeName)
+                                                               : project.MemberType(parentType, entry.name));
 }
 
 void CWalk::SetReason(const ListingEntry& entry, bool hasUnknownType)

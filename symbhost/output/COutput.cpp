@@ -4,7 +4,7 @@
 
 void COutput::Write(std::string_view text)
 {
-    stream << text;
+    stream.write(text.data(), static_cast<std::streamsize>(text.size()));
     written.fetch_add(text.size(), std::memory_order_relaxed);
     Check();
 }

@@ -4,28 +4,34 @@
 #include "symbhost/output/CTable.h"
 #include "symbhost/output/JsonText.h"
 
+#include <array>
+#include <charconv>
+#include <limits>
 #include <utility>
 
 namespace {
 
-// What a table or CSV shows of a cell; `unknown` stands for what is not known.
-struct CCellText
+// Appends what a table or CSV shows of a cell; `unknown` stands for what is not known.
+struct CAppendText
 {
+    std::string& target;
     std::string_view unknown;
 
-    std::string operator()(std::monostate) const { return std::string(unknown); }
-    std::string operator()(std::string_view text) const { return std::string(text); }
-    std::string operator()(std::int64_t number) const { return std::to_string(number); }
-    std::string operator()(bool flag) const { return flag ? "true" : "false"; }
-    std::string operator()(HexNumber number) const { return HexText(number.value); }
-    std::string operator()(RawJson) const { return {}; }
-    std::string operator()(NoField) const { return {}; }
-    std::string operator()(std::span<const std::string> texts) const
+    void operator()(std::monostate) const { target += unknown; }
+    void operator()(std::string_view text) const { target += text; }
+    void operator()(std::int64_t number) const
     {
-        std::string joined;
+        std::array<char, std::numeric_limits<std::int64_t>::digits10 + 2> digits;
+        target.append(digits.data(), std::to_chars(digits.begin(), digits.end(), number).ptr);
+    }
+    void operator()(bool flag) const { target += flag ? "true" : "false"; }
+    void operator()(HexNumber number) const { target += HexText(number.value); }
+    void operator()(RawJson) const {}
+    void operator()(NoField) const {}
+    void operator()(std::span<const std::string> texts) const
+    {
         for (const std::string& text : texts)
-            joined += (&text == texts.data() ? "" : "+") + text;
-        return joined;
+            target += (&text == texts.data() ? "" : "+") + text;
     }
 };
 
@@ -67,25 +73,31 @@ public:
 
     void Add(std::span<const Cell> cells) override
     {
-        for (const Cell& cell : cells)
-            AppendCell(std::visit(CCellText{""}, cell));
+        for (const Cell& cell : cells) {
+            text.clear();
+            std::visit(CAppendText{text, ""}, cell);
+            AppendCell(text);
+        }
         EndLine();
     }
     void Flush() override { output.Flush(); }
     void Finish() override { output.Flush(); }
 
 private:
-    void AppendCell(const std::string& text)
+    void AppendCell(std::string_view cell)
     {
         if (!isFirst)
             line += ',';
         isFirst = false;
-        if (text.find_first_of("\",\r\n") == std::string::npos) {
-            line += ValidUtf8(text);
+        if (cell.find_first_of("\",\r\n") == std::string_view::npos) {
+            if (IsPlain(cell))
+                line += cell;
+            else
+                line += ValidUtf8(cell);
             return;
         }
         line += '"';
-        for (const char c : ValidUtf8(text)) {
+        for (const char c : ValidUtf8(cell)) {
             line += c;
             if (c == '"')
                 line += c;
@@ -102,6 +114,7 @@ private:
 
     COutput& output;
     std::string line;
+    std::string text; // of a cell
     bool isFirst = true;
 };
 
@@ -109,14 +122,15 @@ class CTableWriter final : public CRecordWriter
 {
 public:
     CTableWriter(COutput& target, const std::vector<Column>& columns, const std::vector<std::size_t>& shown)
-        : order(shown), table(target, TitlesOf(columns, shown))
+        : order(shown), table(target, TitlesOf(columns, shown)), texts(shown.size())
     {}
 
     void Add(std::span<const Cell> cells) override
     {
-        std::vector<std::string> texts;
-        for (const std::size_t at : order)
-            texts.push_back(std::visit(CCellText{"-"}, cells[at]));
+        for (std::size_t at = 0; at < order.size(); ++at) {
+            texts[at].clear();
+            std::visit(CAppendText{texts[at], "-"}, cells[order[at]]);
+        }
         table.AddRow(texts);
     }
     void AddNote(std::string_view first, std::string_view text) override
@@ -139,6 +153,7 @@ private:
 
     std::vector<std::size_t> order;
     CTable table;
+    std::vector<std::string> texts; // of a row
 };
 
 } // namespace

@@ -11,32 +11,22 @@ constexpr std::size_t kHeldRows = 500;
 constexpr std::size_t kFewRows = 4;    // too few to tell how wide the next names are,
 constexpr std::size_t kUsualName = 24; // so there is room for names like this
 constexpr std::size_t kWide = 24;      // what is narrower disturbs nobody
-constexpr char kGap[] = "  ";
+constexpr std::size_t kGap = 2;        // blanks between columns
 constexpr char kCut[] = "…";
 
 } // namespace
 
 CTable::CTable(COutput& target, std::vector<Column> given) : output(target), columns(std::move(given)) {}
 
-void CTable::AddRow(const std::vector<std::string>& cells)
+void CTable::Add(const std::vector<std::string>& cells, bool isNote)
 {
-    Add(Row{cells, false});
-}
-
-void CTable::AddNote(const std::string& cell, const std::string& note)
-{
-    Add(Row{{cell, note}, true});
-}
-
-void CTable::Add(Row row)
-{
-    for (std::string& cell : row.cells)
-        cell = Printable(cell);
     if (!widths.empty()) {
-        PrintRow(row);
+        PrintRow(cells, isNote);
         return;
     }
-    pending.push_back(std::move(row));
+    Row& row = pending.emplace_back(Row{{}, isNote});
+    for (const std::string& cell : cells)
+        row.cells.push_back(Printable(cell));
     if (pending.size() == kHeldRows)
         Flush();
 }
@@ -46,21 +36,21 @@ void CTable::Flush()
     if (widths.empty() && !pending.empty())
         FixWidths();
     for (const Row& row : pending)
-        PrintRow(row);
+        PrintRow(row.cells, row.isNote);
     pending.clear();
     output.Flush();
 }
 
 void CTable::FixWidths()
 {
-    Row titles{{}, false};
+    std::vector<std::string> titles;
     for (std::size_t at = 0; at < columns.size(); ++at) {
-        titles.cells.push_back(columns[at].title);
+        titles.push_back(columns[at].title);
         widths.push_back(std::max(WidthOf(at), DisplayWidth(columns[at].title)));
     }
     if (output.IsTerminal() && pending.size() < kFewRows)
         widths[0] = std::max(widths[0], kUsualName);
-    PrintRow(titles);
+    PrintRow(titles, false);
 }
 
 // Wide enough for nine cells of ten or so, and for all unless the widest is far wider than those.
@@ -74,21 +64,26 @@ std::size_t CTable::WidthOf(std::size_t column) const
     return cells.back() > std::max(kWide, 2 * most) ? most : cells.back();
 }
 
-void CTable::PrintRow(const Row& row)
+void CTable::PrintRow(const std::vector<std::string>& cells, bool isNote)
 {
-    std::string line;
-    for (std::size_t at = 0; at < row.cells.size(); ++at) {
-        const std::string& cell = row.cells[at];
-        const std::size_t width = DisplayWidth(cell);
+    line.clear();
+    std::size_t blanks = 0; // in front of the next text
+    for (std::size_t at = 0; at < cells.size(); ++at) {
+        const bool isPlain = IsPlain(cells[at]);
+        const std::string printable = isPlain ? std::string() : Printable(cells[at]);
+        const std::string& cell = isPlain ? cells[at] : printable;
+        const std::size_t width = isPlain ? cell.size() : DisplayWidth(cell);
         const std::size_t padding = widths[at] > width ? widths[at] - width : 0;
-        const bool isRight = columns[at].alignRight && !row.isNote;
-        line += at == 0 ? "" : kGap;
-        line.append(isRight ? padding : 0, ' ');
-        line += cell;
-        line.append(isRight ? 0 : padding, ' ');
+        const bool isRight = columns[at].alignRight && !isNote;
+        if (!cell.empty()) {
+            line.append(blanks + (isRight ? padding : 0), ' ');
+            line += cell;
+            blanks = 0;
+        }
+        blanks += (isRight && !cell.empty() ? 0 : padding) + kGap;
     }
-    line.erase(line.find_last_not_of(' ') + 1);
     if (output.IsTerminal() && DisplayWidth(line) > output.Columns())
         line = FirstCharacters(line, output.Columns() - 1) + kCut;
-    output.Line(line);
+    line += '\n';
+    output.Write(line);
 }

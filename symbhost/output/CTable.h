@@ -22,26 +22,27 @@ public:
     CTable(COutput& target, std::vector<Column> given);
 
     // One cell for each column; any text, it is made printable here.
-    void AddRow(const std::vector<std::string>& cells);
+    void AddRow(const std::vector<std::string>& cells) { Add(cells, false); }
     // A first cell like those of other rows and then a text that spans the rest of the line.
-    void AddNote(const std::string& cell, const std::string& note);
+    void AddNote(const std::string& cell, const std::string& note) { Add({cell, note}, true); }
     // Prints what was held back; the titles come with the first row.
     void Flush();
 
 private:
     struct Row
     {
-        std::vector<std::string> cells;
+        std::vector<std::string> cells; // printable
         bool isNote;
     };
 
-    void Add(Row row);
+    void Add(const std::vector<std::string>& cells, bool isNote);
     void FixWidths();
     std::size_t WidthOf(std::size_t column) const;
-    void PrintRow(const Row& row);
+    void PrintRow(const std::vector<std::string>& cells, bool isNote);
 
     COutput& output;
     std::vector<Column> columns;
     std::vector<std::size_t> widths; // empty while rows are held back
     std::vector<Row> pending;
+    std::string line; // that is printed next
 };

@@ -8,9 +8,10 @@
 
 namespace {
 
-constexpr bool IsPlain(char c)
+// Whether JSON shows the text as it is.
+bool IsJson(std::string_view text)
 {
-    return c >= ' ' && c <= '~' && c != '"' && c != '\\';
+    return std::ranges::all_of(text, [](char c) { return c >= ' ' && c <= '~' && c != '"' && c != '\\'; });
 }
 
 struct CAppendJson
@@ -39,7 +40,7 @@ struct CAppendJson
 
 void AppendJsonText(std::string& json, std::string_view text)
 {
-    if (!std::ranges::all_of(text, IsPlain)) {
+    if (!IsJson(text)) {
         json += nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
         return;
     }
