@@ -135,6 +135,7 @@ const ResumeCase kResumes[] = {
     {{.varType = 2}, "TAB", ""},                        //
     {{.filter = "%UL"}, "VAR1", ""},                    //
     {{.branchesOnly = TRUE}, "VAR1", "TAB >, MOTOR >"}, // the kind is looked at from there on
+    {{.path = "TAB"}, "TAB[0]", "TAB[0], TAB[1], TAB[2], TAB[3]"},
     {{.path = "TAB"}, "TAB[02]", ""},
     {{.path = "TAB"}, "TAB[ 2]", ""},
     {{.path = "TAB"}, "TAB(2]", ""},
