@@ -42,10 +42,10 @@ bool MovesTheTerminal(char32_t codePoint)
            (codePoint >= 0x2066 && codePoint <= 0x2069) || codePoint == 0xFEFF;
 }
 
-void AppendHex(std::string& text, char32_t value, unsigned digits, const char* alphabet)
+void AppendHex(std::string& text, char32_t value, unsigned digits)
 {
     while (digits-- > 0)
-        text += alphabet[(value >> (4 * digits)) & 0xFU];
+        text += "0123456789abcdef"[(value >> (4 * digits)) & 0xFU];
 }
 
 void AppendEscape(std::string& text, char32_t value, bool isByte)
@@ -57,7 +57,7 @@ void AppendEscape(std::string& text, char32_t value, bool isByte)
         return;
     }
     text += isByte ? "\\x" : "\\u";
-    AppendHex(text, value, isByte ? 2 : 4, "0123456789abcdef");
+    AppendHex(text, value, isByte ? 2 : 4);
 }
 
 // All but the bytes that continue a character.
@@ -130,8 +130,9 @@ std::string FirstCharacters(std::string_view printable, std::size_t columns)
 
 std::string HexText(DWORD value)
 {
-    std::string text = "0x";
-    AppendHex(text, value, 8, "0123456789ABCDEF");
+    std::string text = "0x00000000";
+    for (auto digit = text.rbegin(); value != 0; ++digit, value >>= 4U)
+        *digit = "0123456789ABCDEF"[value & 0xFU];
     return text;
 }
 

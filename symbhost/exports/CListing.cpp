@@ -81,9 +81,9 @@ bool CListing::NextPage(std::vector<ListingEntry>& page)
         return Fail(BrowseFailure(result));
     if (elements.count == 0 && !resumeAt.empty())
         return Fail("the listing cannot be resumed at " + resumeAt);
-    for (DWORD index = 0; index < elements.count; ++index) {
+    page.reserve(elements.count);
+    for (DWORD index = 0; index < elements.count; ++index)
         page.push_back(EntryOf(elements.items[index]));
-    }
     listed += page.size();
     more = moreElements != 0;
     if (!more && MayBeCut() && HasUnlistedElements(table, request.path))
@@ -112,7 +112,9 @@ ListingEntry CListing::EntryOf(const BrowseElement& element) const
     // Without a parent's identifier the plug-in's is what follows the path: ".NAME" or "[INDEX]". That holds for
     // paths of any length, of which an identifier would keep the first 1023 bytes.
     const std::string behindPath = NarrowText(element.itemId, CP_THREAD_ACP);
-    entry.symbol = request.path + behindPath;
+    entry.symbol.reserve(request.path.size() + behindPath.size());
+    entry.symbol = request.path;
+    entry.symbol += behindPath;
     entry.isElement = behindPath.starts_with('[');
     return entry;
 }
