@@ -3,6 +3,7 @@
 #include "symbhost/Failure.h"
 #include "symbhost/output/Terminal.h"
 
+#include <algorithm>
 #include <chrono>
 
 CProgress::CProgress(const COutput& output)
@@ -24,6 +25,12 @@ CProgress::~CProgress()
     ShowProgress({});
 }
 
+void CProgress::Show(const std::string& text)
+{
+    const std::size_t columns = TerminalColumns(STD_ERROR_HANDLE);
+    ShowProgress(text.substr(0, std::max<std::size_t>(columns, 1) - 1)); // a full line would wrap
+}
+
 void CProgress::Run(const COutput& output)
 {
     constexpr std::chrono::seconds kInterval(1);
@@ -32,9 +39,9 @@ void CProgress::Run(const COutput& output)
     for (unsigned seconds = 1; !ended.wait_for(guard, kInterval, [this] { return isEnded; }); ++seconds) {
         const std::uint64_t bytes = output.WrittenBytes();
         if (bytes == 0)
-            ShowProgress("working, " + std::to_string(seconds) + " s");
+            Show("working, " + std::to_string(seconds) + " s");
         else if (bytes != shown)
-            ShowProgress(std::to_string(bytes / 1024) + " KiB of results, " + std::to_string(seconds) + " s");
+            Show(std::to_string(bytes / 1024) + " KiB of results, " + std::to_string(seconds) + " s");
         shown = bytes;
     }
 }

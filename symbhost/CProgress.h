@@ -4,6 +4,7 @@
 
 #include <condition_variable>
 #include <mutex>
+#include <string>
 #include <thread>
 
 // Shows on standard error how far the work is, once a second from the first on, as long as it lives. Only where
@@ -18,6 +19,8 @@ public:
 
 private:
     void Run(const COutput& output);
+    // On one line of the terminal, however narrow that is by now.
+    static void Show(const std::string& text);
 
     std::mutex mutex;
     std::condition_variable ended;
