@@ -14,6 +14,7 @@
 namespace {
 
 constexpr std::size_t kNamesShown = 8;
+constexpr std::size_t kExamples = 3;
 // Comparing a mistyped name with all others takes a while; a list of nothing else would take hours.
 constexpr std::size_t kMostSuggestions = 1000;
 
@@ -174,7 +175,7 @@ Explanation CExplainer::ExplainPlain(const LookupAnswer& failed, const CProject:
                             "; of the elementary types a plain name serves BOOL, EBOOL, INT, "
                             "UINT and WORD"};
     default: {
-        CListing listing = ListBelow(project, path.Prefix(0), static_cast<DWORD>(kNamesShown));
+        CListing listing = ListBelow(project, path.Prefix(0), static_cast<DWORD>(kExamples));
         std::vector<ListingEntry> page;
         std::vector<std::string> parts;
         listing.NextPage(page);
@@ -182,7 +183,7 @@ Explanation CExplainer::ExplainPlain(const LookupAnswer& failed, const CProject:
         for (const ListingEntry& entry : page)
             parts.push_back(entry.symbol);
         return {reason, name + " is of type " + typeName + "; a host asks for what is below it" +
-                            (parts.empty() ? "" : ", such as " + JoinNames(parts, 3))};
+                            (parts.empty() ? "" : ", such as " + JoinNames(parts, kExamples))};
     }
     }
 }

@@ -99,6 +99,8 @@ TEST_F(CheckTest, AnswersForFilesThatDoNotLoad)
 {
     EXPECT_EQ(Check(folder.WriteFile("bad.kds", "<a><b></a>")), "not-xml ; ");
     EXPECT_EQ(Run({"check", folder.FilePath("missing.kds")}).status, 2);
+    EXPECT_EQ(Check(folder.WriteFile("old.kds", "<?xml version='1.0' encoding='windows-1252'?><a/>")),
+              "no-variables ; encoding-ignored ; ");
     const std::string plant = EXAMPLES_DIR "/plant.kds";
     const HostRun run = Run({"check", "--csv", plant});
     EXPECT_TRUE(run.output.starts_with("severity,code,symbol,text\r\nnote,hidden-member,MOTOR.CHECKSUM,"))
