@@ -63,7 +63,7 @@ std::vector<Asked> ReadAll(const std::vector<std::string>& arguments)
 {
     std::vector<Asked> all;
     for (const std::string& argument : arguments) {
-        Asked& asked = all.emplace_back(Utf8FromArgument(argument));
+        Asked& asked = all.emplace_back(Asked{Utf8FromArgument(argument)});
         if (const std::optional<Place> place = ReadPlace(asked.text))
             asked.places.Add(*place);
         else
