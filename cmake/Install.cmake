@@ -3,8 +3,9 @@
 
 set(documents ${CMAKE_INSTALL_DOCDIR})
 
+# With the libraries that it needs; where it is not in the programs' folder then, what starts it is there.
 if(SYMBKDS_TOOLS)
-    install(TARGETS symbhost RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
+    install(TARGETS symbhost RUNTIME DESTINATION ${symbkds_library_folder} COMPONENT runtime)
 endif()
 if(TARGET symbhost_manual)
     install(FILES ${PROJECT_BINARY_DIR}/man/symbhost.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT runtime)
@@ -35,7 +36,9 @@ set_target_properties(KorvaProServices PROPERTIES INSTALL_RPATH "$ORIGIN/..")
 if(SYMBKDS_TOOLS)
     install(FILES symbhost/completion.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
         RENAME symbhost COMPONENT runtime)
-    set_target_properties(symbhost PROPERTIES INSTALL_RPATH "$ORIGIN/${symbkds_way_to_libraries}")
+    set_target_properties(symbhost PROPERTIES INSTALL_RPATH "$ORIGIN")
+    add_subdirectory(platform/posix/launcher)
+    install(TARGETS symbhost_launcher RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
 endif()
 
 # The contract's headers and those of platform/ that they include.

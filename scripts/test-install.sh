@@ -154,9 +154,9 @@ instead() {
 
 break_installations() {
     local no_library='cannot be loaded: it is no library that this program can load'
+    local no_platform="$work/broken/lib/symbkds/libsymbplatform.so cannot be loaded: it is missing"
     local no_component="it was looked for here: $work/broken/lib/symbkds/comservers/$server"
-    broken "no plug-in" 2 "there is no plug-in libsymbkds.so in $work/broken/bin or in $work/broken/lib/symbkds" \
-        rm libsymbkds.so
+    broken "no plug-in" 2 "there is no plug-in libsymbkds.so in $work/broken/lib/symbkds" rm libsymbkds.so
     broken "a text as plug-in" 2 "$no_library" cp "$PWD/README.md" libsymbkds.so
     broken "an empty plug-in" 2 "$no_library" truncate --size=0 libsymbkds.so
     broken "a page of a plug-in" 2 "$no_library" truncate --size=4096 libsymbkds.so
@@ -169,8 +169,9 @@ break_installations() {
     broken "a component for another machine" 2 "$no_component" other_machine "comservers/$server"
     broken "a folder as component" 2 "$no_component" instead mkdir "comservers/$server"
     broken "a library that is no component" 2 "$no_component" cp libsymbkds.so "comservers/$server"
-    # Without it nothing of ours runs: the system tells.
-    broken "no platform library" 127 "libsymbplatform.so: cannot open shared object file" rm libsymbplatform.so
+    broken "no platform library" 2 "$no_platform" rm libsymbplatform.so
+    broken "half a platform library" 2 "$no_platform" half libsymbplatform.so
+    broken "no program" 2 "$work/broken/lib/symbkds/symbhost is missing, or was cut short" rm symbhost
 }
 
 build_as_subdirectory() {

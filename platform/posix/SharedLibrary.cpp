@@ -34,6 +34,8 @@ bool HoldsItsSegments(int file, std::uint64_t fileBytes) noexcept
     return true;
 }
 
+} // namespace
+
 bool IsWholeFile(const char* path) noexcept
 {
     const int file = open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
@@ -45,8 +47,6 @@ bool IsWholeFile(const char* path) noexcept
     close(file);
     return isWhole;
 }
-
-} // namespace
 
 void* OpenSharedLibrary(const char* path) noexcept
 {

@@ -64,14 +64,9 @@ std::string InstalledPlugin()
 {
     constexpr char kFile[] = SHARED_LIBRARY_NAME("symbkds");
     const fs::path folder = ProgramFolder();
-    const fs::path places[] = {folder, folder / SYMBHOST_WAY_TO_PLUGIN};
-    for (const fs::path& place : places)
-        if (std::error_code error; fs::exists(place / kFile, error))
-            return Straight(place / kFile);
-    std::string looked = Straight(places[0]);
-    if (const std::string second = Straight(places[1]); second != looked)
-        looked += " or in " + second;
-    throw CHostError(std::string("there is no plug-in ") + kFile + " in " + looked);
+    if (std::error_code error; fs::exists(folder / kFile, error))
+        return Straight(folder / kFile);
+    throw CHostError(std::string("there is no plug-in ") + kFile + " in " + Straight(folder));
 }
 
 std::string NoComponentText(HRESULT result)

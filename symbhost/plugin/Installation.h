@@ -5,8 +5,7 @@
 
 #include <string>
 
-// The plug-in that is loaded when none is named: the one beside this program, else the one in the installation's folder
-// for libraries. Raises CHostError when it lies in neither.
+// The plug-in that is loaded when none is named: the one beside this program. Raises CHostError when there is none.
 std::string InstalledPlugin();
 
 // That the component cannot be created, with the result of CoCreateInstance, and where it was looked for.
