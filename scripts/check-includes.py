@@ -35,8 +35,8 @@ LAYERS = {
 }
 # Headers of the plug-in that symbhost shares: those of the library symbkds_values and what they include.
 VALUES = {"symbtables/symbkds/model/" + name for name in (
-    "AccessRights.h", "ArrayDeclaration.h", "ElementaryTypes.h", "ExportKeys.h", "ExportWords.h", "ImportRules.h", "TextNumber.h",
-    "TypeCodes.h", "WideToUtf8.h")} | {"symbtables/symbkds/resolve/CSymbKorvaAnalyser.h"}
+    "AccessRights.h", "ArrayDeclaration.h", "ElementaryTypes.h", "ExportKeys.h", "ExportWords.h", "ImportRules.h",
+    "TextNumber.h", "TypeCodes.h", "WideToUtf8.h")} | {"symbtables/symbkds/resolve/CSymbKorvaAnalyser.h"}
 # Layers whose sources are held to the same rule as their headers.
 STRICT = LAYERS.keys() - {"model", "frame", "operations"}
 PLUGIN_FOLDERS = {"model": "model", "frame": "frame"}  # every other folder holds operations
