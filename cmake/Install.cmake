@@ -38,6 +38,7 @@ if(SYMBKDS_TOOLS)
         RENAME symbhost COMPONENT runtime)
     set_target_properties(symbhost PROPERTIES INSTALL_RPATH "$ORIGIN")
     add_subdirectory(platform/posix/launcher)
+    add_dependencies(symbhost symbhost_launcher) # whoever builds the one installs both
     install(TARGETS symbhost_launcher RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
 endif()
 

@@ -23,7 +23,7 @@ private:
     bool Property(WalkElement& element, const CBstr& key, CBstr& text) const;
     ExportNumber Number(WalkElement& element, const CBstr& key) const;
 
-    const ExportKeys keys;
+    const ExportKeys keys{};
 };
 
 // Calls `read` with each element of a list, which may be null.
