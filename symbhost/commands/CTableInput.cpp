@@ -30,7 +30,7 @@ private:
     bool HasRoom()
     {
         if (++bytes > CTableInput::kLongestRecord)
-            record.fault = "the line is too long for a name";
+            record.fault = "the line is too long for a name; this is its beginning";
         return record.fault.empty();
     }
 
@@ -77,22 +77,25 @@ bool CTableInput::ReadRow(Record& record)
     } where = Where::CellStart;
     bool isEmpty = true;
     bool isNotClosed = false;
-    // Of a row with quotes around a line end: its cells up to there, and the text behind.
-    std::optional<Record> firstLine;
+    // Of quotes around a line end: how far the record was there (cells: 0 without such quotes), and the text behind.
+    std::size_t cellsAtEnd = 0;
+    std::size_t lastBytesAtEnd = 0;
     std::string behindLine;
     while (const std::optional<char> c = NextCharacter()) {
         const bool isQuote = *c == '"';
         const bool isInside = where == Where::Quotes;
         const bool isEnd = IsLineEnd(*c);
-        if (firstLine)
+        if (cellsAtEnd != 0)
             behindLine += *c;
         if (where == Where::BehindQuote && (isEnd || separator == *c))
-            firstLine.reset(); // the quotes were closed
-        isNotClosed = firstLine && ((isInside && !record.fault.empty()) || (where == Where::BehindQuote && !isQuote));
+            cellsAtEnd = 0; // the quotes were closed
+        isNotClosed =
+            cellsAtEnd != 0 && ((isInside && !record.fault.empty()) || (where == Where::BehindQuote && !isQuote));
         if (isNotClosed)
             break;
-        if (isInside && isEnd && !firstLine) {
-            firstLine = record;
+        if (isInside && isEnd && cellsAtEnd == 0) {
+            cellsAtEnd = record.cells.size();
+            lastBytesAtEnd = record.cells.back().size();
             behindLine.clear();
         }
         if (!isInside && isEnd) {
@@ -113,11 +116,13 @@ bool CTableInput::ReadRow(Record& record)
     }
     if (!isNotClosed && where != Where::Quotes)
         return !isEmpty;
-    if (firstLine) {
-        record = std::move(*firstLine);
+    if (cellsAtEnd != 0) {
+        while (record.cells.size() > cellsAtEnd)
+            record.cells.pop_back();
+        record.cells.back().erase(lastBytesAtEnd);
         PutBack(behindLine);
     }
-    record.fault = "a quote in the line is not closed";
+    record.fault = "a quote in the line is not closed, or holds too much";
     return true;
 }
 

@@ -5,8 +5,9 @@
 #include <string_view>
 #include <vector>
 
-// Lines of a text, or rows of a table with cells between separators and quotes as in RFC 4180. What is
-// longer than kLongestRecord is cut, and quotes that are not closed end with their line; what follows is read as ever.
+// Lines of a text, or rows of a table with cells between separators and quotes as in RFC 4180. What is longer than
+// kLongestRecord is cut. Quotes around a line end that no quote right before a separator or line end closes, or that
+// hold too much, end with their first line; what follows is read as ever.
 class CTableInput
 {
 public:

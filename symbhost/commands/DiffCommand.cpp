@@ -27,10 +27,18 @@ public:
         CNameList list(options.names, std::cin);
         columns = ColumnsIn(list);
         names.emplace();
-        while (std::optional<GivenName> name = list.Next())
-            if (name->fault.empty())
+        while (std::optional<GivenName> name = list.Next()) {
+            if (name->fault.empty()) {
                 names->insert_or_assign(UpperName(name->name), std::move(*name));
+                continue;
+            }
+            isWhole = false;
+            Complain("not compared: " + Printable(name->name) + ": " + std::string(name->fault));
+        }
     }
+
+    // Whether every line of the list could be a name.
+    bool IsWhole() const { return isWhole; }
 
     bool Accepts(const Row& row) const { return filter.Accepts(row) && (!names || NameOf(row)); }
     const std::vector<Column>& MoreColumns() const { return columns; }
@@ -52,6 +60,7 @@ private:
     RowFilter filter;
     std::optional<std::unordered_map<std::string, GivenName>> names; // by upper-case name; none: all symbols
     std::vector<Column> columns;
+    bool isWhole = true;
 };
 
 // Hands every wanted symbol of an export, branches too, to `take`. Answers whether all symbols were looked at.
@@ -116,5 +125,6 @@ int DiffCommand(const LoadOptions& load, const DiffOptions& options, COutput& ou
             printer.Add(nullptr, &added, kAdded, symbols.MoreCells(added));
         }
     printer.Finish();
-    return printer.Count() == 0 && isBeforeWhole && isAfterWhole ? kDone : kIncomplete;
+    const bool isAll = symbols.IsWhole() && isBeforeWhole && isAfterWhole;
+    return printer.Count() == 0 && isAll ? kDone : kIncomplete;
 }

@@ -28,6 +28,6 @@ LookupAnswer LookUpGiven(CSymb& table, CConsoleSink& sink, const GivenName& name
 Explanation ExplainGiven(CExplainer& explainer, const GivenName& name, const LookupAnswer& answer)
 {
     if (!name.fault.empty())
-        return {Reason::NotAPath, std::string(name.fault) + "; this is its beginning"};
+        return {Reason::NotAPath, std::string(name.fault)};
     return explainer.Explain(answer);
 }
