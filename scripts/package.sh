@@ -17,13 +17,13 @@ case $system in
 esac
 bash scripts/bootstrap.sh "${groups[@]}"
 mkdir -p build/logs
-rm -rf build/packages
-mkdir build/packages
+mkdir -p build/packages
 
-# package PRESET TARGET...: builds the targets and packs what is to be installed.
+# package PRESET PATTERN TARGET...: builds the targets and packs what is to be installed, instead of packages like PATTERN.
 package() {
     local preset=$1 log=build/logs/package-$1.log
-    shift
+    find build/packages -maxdepth 1 -type f -name "$2" -delete
+    shift 2
     if ! { cmake --preset "$preset" && cmake --build --preset "$preset" --parallel "$(nproc)" --target "$@" &&
         cpack --config "build/$preset/CPackConfig.cmake" -B "$PWD/build/$preset/packages"; } >"$log" 2>&1; then
         tail -n 30 "$log" >&2
@@ -39,10 +39,10 @@ package() {
 }
 
 if [[ $system != windows ]]; then
-    package release symbkds symbhost symbhost_manual
+    package release '*[!p]' symbkds symbhost symbhost_manual
 fi
 if [[ $system == windows || ($system == all && -e build/windows-x86/CMakeCache.txt) ]]; then
-    package windows-x86 symbkds KorvaProServices symbhost windows_runtime
+    package windows-x86 '*.zip' symbkds KorvaProServices symbhost windows_runtime
 elif [[ $system == all ]]; then
     echo "package: no .zip for Windows: scripts/package.sh windows makes it"
 fi
