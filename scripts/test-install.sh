@@ -171,7 +171,8 @@ break_installations() {
     broken "a library that is no component" 2 "$no_component" cp libsymbkds.so "comservers/$server"
     broken "no platform library" 2 "$no_platform" rm libsymbplatform.so
     broken "half a platform library" 2 "$no_platform" half libsymbplatform.so
-    broken "no program" 2 "$work/broken/lib/symbkds/symbhost is missing, or was cut short" rm symbhost
+    broken "another library as platform library" 2 "$no_platform" cp "comservers/$server" libsymbplatform.so
+    broken "no program" 2 "$work/broken/lib/symbkds/symbhost is missing or damaged" rm symbhost
 }
 
 build_as_subdirectory() {

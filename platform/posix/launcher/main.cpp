@@ -17,6 +17,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
+// HRESULT CoInitializeEx(LPVOID, DWORD), by which the right library is told from others.
+constexpr char kCoInitializeEx[] = "_Z14CoInitializeExPvj";
+
 int Refuse(const std::string& sentence)
 {
     constexpr int kNotDone = 2;
@@ -35,11 +38,11 @@ int main(int, char** arguments)
     const fs::path folder = (launcher.parent_path() / WAY_TO_LIBRARIES).lexically_normal();
     const std::string library = folder / "libsymbplatform.so";
     void* const opened = OpenSharedLibrary(library.c_str());
-    if (!opened || !dlsym(opened, "CoInitializeEx"))
+    if (!opened || !dlsym(opened, kCoInitializeEx))
         return Refuse(library + " cannot be loaded: it is missing, or not the library that this program needs");
     const std::string program = folder / LAUNCHED_PROGRAM;
     if (!IsWholeFile(program.c_str()))
-        return Refuse(program + " is missing, or was cut short");
+        return Refuse(program + " is missing or damaged");
     execv(program.c_str(), arguments);
     return Refuse(program + " cannot be started: " + std::strerror(errno));
 }
