@@ -72,6 +72,8 @@ struct CLoadedTable : CInProcessTable
     CWillingSink willing;
 };
 
+long allocationsRefused = 0; // in all attempts so far
+
 // Fails when `attempt`, which is told the ordinal and says whether that allocation was reached, leaves memory behind.
 void ForEachAllocation(const std::function<bool(long, Shortage)>& attempt)
 {
@@ -86,6 +88,7 @@ void ForEachAllocation(const std::function<bool(long, Shortage)>& attempt)
             SCOPED_TRACE((shortage == Shortage::kOnce ? "once at " : "for good from ") + std::to_string(ordinal));
             const long before = LivingBlocks();
             reached = attempt(ordinal, shortage);
+            allocationsRefused += reached;
             ASSERT_EQ(LivingBlocks(), before);
         }
     }
@@ -144,6 +147,7 @@ TEST(FaultsMemory, InitEndsWithAResult)
 // Calls `check` with generated projects and paths of each, some of which lead nowhere.
 void ForEachProject(const std::function<void(CLoadedTable&, const std::vector<std::string>&)>& check)
 {
+    const long before = allocationsRefused;
     for (unsigned seed = 1; seed <= 8 && !testing::Test::HasFailure(); ++seed) {
         const CGeneratedProject project(seed);
         SCOPED_TRACE("seed " + std::to_string(seed) + "\n" + project.text);
@@ -153,6 +157,7 @@ void ForEachProject(const std::function<void(CLoadedTable&, const std::vector<st
             paths.push_back(place.path);
         check(loaded, paths);
     }
+    EXPECT_GT(allocationsRefused, before);
 }
 
 TEST(FaultsMemory, LookupsPassTheMemoryException)
