@@ -71,35 +71,48 @@ Explanation CExplainer::Explain(const LookupAnswer& answer)
 
 // What is listed under `name` but out of reach, as a half sentence; empty when nothing is. `path` is the name, taken
 // apart.
-std::string CExplainer::FindUnreachable(const CSymbolPath& path, const std::string& name) const
+std::string CExplainer::FindUnreachable(const CSymbolPath& path, const std::string& name)
 {
     const std::optional<CProject::Root> root =
         IsUnreachable(name, NameOf::Variable) ? project.FindRoot(name) : std::nullopt;
     if (root && root->isListed)
         return "a variable";
     for (std::size_t step = 0; step < path.StepCount(); ++step)
-        if (HasUnreachableMember(path.Prefix(step), name))
+        if (HasUnreachableMember(path, step, name))
             return "a member of " + path.Prefix(step);
     return {};
 }
 
-// Whether `name` is that of a member of `parent` that no lookup can reach.
-bool CExplainer::HasUnreachableMember(const std::string& parent, const std::string& name) const
+// Whether `name` is that of a member, below the path up to `step`, that no lookup can reach.
+bool CExplainer::HasUnreachableMember(const CSymbolPath& path, std::size_t step, const std::string& name)
 {
-    const std::string upperName = UpperName(name);
-    const bool isBelow = upperName.starts_with(UpperName(parent) + ".");
-    if (!isBelow || !IsUnreachable(std::string_view(name).substr(parent.size() + 1), NameOf::Member))
+    const std::string parent = path.Prefix(step);
+    if (!UpperName(name).starts_with(UpperName(parent) + "."))
         return false;
-    CListing listing = ListBelow(project, parent, 1000);
-    std::vector<ListingEntry> page;
-    while (listing.NextPage(page) && !page.empty() && !page.front().isElement)
-        for (const ListingEntry& entry : page)
-            if (UpperName(entry.symbol) == upperName)
-                return true;
-    return false;
+    const std::string member = name.substr(parent.size() + 1);
+    return IsUnreachable(member, NameOf::Member) && MembersOf(path, step).upperNames.contains(UpperName(member));
 }
 
-Explanation CExplainer::ExplainServed(const LookupAnswer& answer) const
+const CExplainer::Members& CExplainer::MembersOf(const CSymbolPath& path, std::size_t step)
+{
+    const std::string parent = path.Prefix(step);
+    Members read{.upperParent = UpperName(parent)};
+    membersOnWay.resize(std::max(membersOnWay.size(), step + 1));
+    if (membersOnWay[step].upperParent == read.upperParent)
+        return membersOnWay[step];
+    CListing listing = ListBelow(project, parent, 1000);
+    std::vector<ListingEntry> page;
+    while (!read.isArray && listing.NextPage(page))
+        for (const ListingEntry& entry : page)
+            if (entry.isElement)
+                read.isArray = true;
+            else
+                read.upperNames.insert(UpperName(entry.symbol.substr(parent.size() + 1)));
+    read.isWhole = listing.Failure().empty();
+    return membersOnWay[step] = std::move(read);
+}
+
+Explanation CExplainer::ExplainServed(const LookupAnswer& answer)
 {
     const Row row = RowOf(answer);
     std::string text = std::string(row.typeName) + " at block " + std::to_string(row.block) + ", offset " +
@@ -115,23 +128,14 @@ Explanation CExplainer::ExplainServed(const LookupAnswer& answer) const
     return {Reason::None, text};
 }
 
-bool CExplainer::IsHidden(const CSymbolPath& path) const
+bool CExplainer::IsHidden(const CSymbolPath& path)
 {
     const std::size_t last = path.StepCount() - 1;
-    return last > 0 && !path.IsIndex(last) && !IsListed(path.Prefix(last));
-}
-
-// `path` is that of a member.
-bool CExplainer::IsListed(const std::string& path) const
-{
-    const std::string wanted = UpperName(path);
-    CListing listing = ListBelow(project, path.substr(0, path.rfind('.')), 1000);
-    std::vector<ListingEntry> page;
-    while (listing.NextPage(page))
-        for (const ListingEntry& entry : page)
-            if (entry.isElement || UpperName(entry.symbol) == wanted)
-                return true; // a name below an array means an element
-    return !listing.Failure().empty();
+    if (last == 0 || path.IsIndex(last))
+        return false;
+    const Members& members = MembersOf(path, last - 1);
+    // A name below an array means an element.
+    return !members.isArray && members.isWhole && !members.upperNames.contains(UpperName(path.Step(last)));
 }
 
 Explanation CExplainer::NotInExport(const std::string& root)

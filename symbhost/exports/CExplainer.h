@@ -3,6 +3,8 @@
 #include "symbhost/exports/CProject.h"
 #include "symbhost/exports/CSymbolPath.h"
 
+#include <unordered_set>
+
 struct Explanation
 {
     Reason reason = Reason::None; // None: the symbol is served
@@ -27,7 +29,15 @@ private:
         std::string typeName; // empty: not known
     };
 
-    Explanation ExplainServed(const LookupAnswer& answer) const;
+    struct Members
+    {
+        std::string upperParent; // empty: nothing was read
+        std::unordered_set<std::string> upperNames = {};
+        bool isArray = false; // which has no names
+        bool isWhole = true;
+    };
+
+    Explanation ExplainServed(const LookupAnswer& answer);
     Explanation ExplainPlain(const LookupAnswer& failed, const CProject::Root& root, const CSymbolPath& path) const;
     Explanation ExplainSteps(const CSymbolPath& path, Parent parent) const;
     Explanation ExplainStep(const CSymbolPath& path, std::size_t step, const Parent& parent) const;
@@ -37,14 +47,16 @@ private:
                               const std::vector<std::string>& members) const;
     Explanation NotInExport(const std::string& root);
     Explanation UnknownType(const std::string& symbol, const std::string& typeName) const;
-    std::string FindUnreachable(const CSymbolPath& path, const std::string& name) const;
-    bool HasUnreachableMember(const std::string& parent, const std::string& name) const;
-    bool IsHidden(const CSymbolPath& path) const;
-    bool IsListed(const std::string& path) const;
+    std::string FindUnreachable(const CSymbolPath& path, const std::string& name);
+    bool HasUnreachableMember(const CSymbolPath& path, std::size_t step, const std::string& name);
+    // What is listed below the path up to `step`, which is read once for names that follow each other.
+    const Members& MembersOf(const CSymbolPath& path, std::size_t step);
+    bool IsHidden(const CSymbolPath& path);
     // The last index of an array whose first element is there.
     std::int64_t LastIndex(const std::string& array, std::int64_t first) const;
 
     const CProject& project;
     std::vector<std::string> variableNames; // for suggestions; filled when the first is made
     std::size_t suggestions = 0;
+    std::vector<Members> membersOnWay; // of the last name, by step
 };
