@@ -40,8 +40,9 @@ void CWalk::Begin(const std::string& path)
         parentType = std::exchange(upperType, {});
         entry.name = entry.symbol.substr(std::min(parent.size() + 1, entry.symbol.size()));
     }
-    Describe(entry, parentType, project.LookUp(entry.symbol));
-    const bool isListed = Enter(entry.symbol);
+    const bool isUnreachable = IsOutOfReach(path);
+    Describe(entry, parentType, LookUp(entry.symbol, isUnreachable));
+    const bool isListed = !isUnreachable && Enter(entry.symbol);
     std::vector<ListingEntry> above;
     if (!isListed) {
         if (row.IsServed())
@@ -56,6 +57,17 @@ void CWalk::Begin(const std::string& path)
     row.isBranch = entry.isBranch;
     SetReason(entry, entry.isBranch && !isListed);
     hasRow = isFound && (options.branches || !entry.isBranch);
+}
+
+bool CWalk::IsOutOfReach(const std::string& path) const
+{
+    const bool isAsVariable = root && root->isListed && IsUnreachable(path, NameOf::Variable);
+    const std::size_t step = ParentOf(path).size() + 1;
+    const bool isAsMember = step < path.size() && IsUnreachable(std::string_view(path).substr(step), NameOf::Member);
+    if (!isAsVariable && !isAsMember)
+        return false; // without a search
+    std::vector<ListingEntry> above;
+    return FindAbove(path, above) ? isAsMember : isAsVariable;
 }
 
 const ListingEntry* CWalk::FindAbove(const std::string& path, std::vector<ListingEntry>& page) const
@@ -105,10 +117,7 @@ void CWalk::Visit(const ListingEntry& entry)
 {
     const NameOf what = levels.back().path.empty() ? NameOf::Variable : NameOf::Member;
     const bool isUnreachable = !entry.isElement && IsUnreachable(entry.name, what);
-    LookupAnswer looked = project.LookUp(entry.symbol);
-    if (isUnreachable && looked.IsResolved()) // with another symbol
-        looked = {.name = entry.symbol, .result = CSymb::kLookupFailed};
-    Describe(entry, levels.back().upperType, std::move(looked));
+    Describe(entry, levels.back().upperType, LookUp(entry.symbol, isUnreachable));
     row.isBranch = entry.isBranch;
     hasRow = options.branches || !entry.isBranch;
     bool hasUnknownType = false;
@@ -121,6 +130,14 @@ void CWalk::Visit(const ListingEntry& entry)
             hasUnknownType = !Enter(entry.symbol);
     }
     SetReason(entry, hasUnknownType);
+}
+
+LookupAnswer CWalk::LookUp(const std::string& symbol, bool isUnreachable) const
+{
+    LookupAnswer looked = project.LookUp(symbol);
+    if (isUnreachable && looked.IsResolved()) // with another symbol
+        looked = {.name = symbol, .result = CSymb::kLookupFailed};
+    return looked;
 }
 
 void CWalk::Describe(const ListingEntry& entry, const std::string& parentType, LookupAnswer&& looked)

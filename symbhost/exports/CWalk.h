@@ -55,7 +55,12 @@ private:
     void Begin(const std::string& path);
     // The entry of the path in the listing above it, where neither a lookup nor a listing of its own answers.
     const ListingEntry* FindAbove(const std::string& path, std::vector<ListingEntry>& page) const;
+    // Whether what is listed under the path, of which `root` is the variable, cannot be looked up. A member that can
+    // goes before a variable of its path.
+    bool IsOutOfReach(const std::string& path) const;
     void Visit(const ListingEntry& entry);
+    // The answer for a symbol itself: that for another one, under a name out of reach, is a failure.
+    LookupAnswer LookUp(const std::string& symbol, bool isUnreachable) const;
     // Fills `row` with the answer of a lookup; the facts of a variable that is not served come from the export.
     void Describe(const ListingEntry& entry, const std::string& parentType, LookupAnswer&& looked);
     void SetReason(const ListingEntry& entry, bool hasUnknownType);

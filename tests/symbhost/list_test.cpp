@@ -25,6 +25,11 @@ constexpr char kPlant[] =
     "VAR DROPPED Empty VAR \"A.C\" INT AT %MW7 size 2 VAR LOST Nowhere VAR MOTOR1 Nowhere\n"
     "VAR GRID ARRAY[1..2,3..4] OF INT block 9 @0 size 8\n";
 
+// Names for which lookups answer with other symbols.
+constexpr char kReadOtherwise[] =
+    "TYPE Count STRUCT 5 INT @0 size 2 END TYPE Counts STRUCT C Count @2 size 2 END\n"
+    "VAR \" W1\" WORD AT %MW15 block 5 @30 size 2 VAR PAIR Counts block 10 @0 size 4 VAR PAIR.C INT block 11\n";
+
 class ListTest : public HostTest
 {
 protected:
@@ -65,6 +70,11 @@ TEST_F(ListTest, WalksDownToTheLastValue)
          "ODD1 7 40 4 - branch not-a-value\nODD1.X 7 40 4 - branch \nBACK1 7 60 4 - branch not-a-value\n",
          0,
          ""},
+        {{" W1", "--all", "PAIR.C.5", "PAIR.C"}, // not what a lookup finds there, unless that is listed, too
+         " W1 5 30 2 - leaf unreachable-name\nPAIR.C.5 - - - - leaf unreachable-name\n"
+         "PAIR.C 10 2 2 - branch \nPAIR.C.5 - - - - leaf unreachable-name\n",
+         0,
+         ""},
         {{"LEVEL", "PID1.INNER.STEP", "W1.5", "NOPE", "MOTOR1.NOPE"},
          "LEVEL 5 80 4 - leaf type-not-served\nPID1.INNER.STEP - - - - leaf nested-block\nW1.5 5 20 2 5 leaf \n",
          1,
@@ -72,8 +82,9 @@ TEST_F(ListTest, WalksDownToTheLastValue)
         {{"--comment", "TANK", "--customer", ""}, "LEVEL 5 80 4 - leaf type-not-served\n", 1, "LOOP1.NEXT"},
         {{"--customer", "line", "A.C", "W1"}, "W1 5 20 2 - leaf \n", 0, ""},
     };
+    const std::string odd = Export(std::string(kPlant) + kReadOtherwise);
     for (const auto& row : cases) {
-        std::vector<std::string> arguments = {"list", plant, "--json"};
+        std::vector<std::string> arguments = {"list", odd, "--json"};
         arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
         const HostRun run = Run(arguments);
         SCOPED_TRACE(testing::PrintToString(row.arguments));
