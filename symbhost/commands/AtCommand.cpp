@@ -148,7 +148,9 @@ int AtCommand(CLoadedExport& loaded, const AtOptions& options, COutput& output)
     FindAddresses(project, all);
     WalkOptions everything;
     everything.branches = true;
-    everything.most = CRowStore::kMostRows;
+    // No variable is lost behind a huge array; what is below them gets the rest of the room.
+    everything.allVariables = true;
+    everything.most = CRowStore::kMostRows - std::min(CRowStore::kMostRows, project.File().CountVariables());
     CWalk walk(project, everything);
     const CRowStore rows = Collect(walk, all);
     ComplainOfCut(walk.Cut());

@@ -103,9 +103,9 @@ bool CWalk::Next()
             continue;
         }
         ++level.entries;
-        if (visited++ == options.most) {
-            cut.isStopped = true;
-            levels.clear();
+        const bool isCounted = !options.allVariables || levels.size() > 1;
+        if (isCounted && visited++ == options.most) {
+            Stop();
             continue;
         }
         Visit(entry);
@@ -187,6 +187,15 @@ void CWalk::Leave()
     levels.pop_back();
     if (!level.listing.Failure().empty())
         NoteCut(level.path, level.listing.Failure());
+}
+
+void CWalk::Stop()
+{
+    cut.isStopped = true;
+    options.below = false;
+    const std::size_t kept = options.allVariables ? 1 : 0;
+    while (levels.size() > kept)
+        levels.pop_back();
 }
 
 void CWalk::NoteCut(const std::string& symbol, const std::string& why)

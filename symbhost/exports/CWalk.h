@@ -13,6 +13,7 @@ struct WalkOptions
     DWORD elements = 0;                                         // at most so many of each dimension; 0: all
     bool below = true;                                          // not only the variables themselves
     std::size_t most = std::numeric_limits<std::size_t>::max(); // symbols that are looked up, yielded or not
+    bool allVariables = false;                                  // however many; then `most` is for what is below them
 };
 
 // What a walk left out.
@@ -66,6 +67,8 @@ private:
     void SetReason(const ListingEntry& entry, bool hasUnknownType);
     // Starts to list below the symbol that `row` describes; false when its type is not known.
     bool Enter(const std::string& symbol);
+    // Leaves out what is left, because `most` symbols were looked up.
+    void Stop();
     // Ends the level that lists last.
     void Leave();
     void NoteCut(const std::string& symbol, const std::string& why);
