@@ -122,21 +122,24 @@ class CTableWriter final : public CRecordWriter
 {
 public:
     CTableWriter(COutput& target, const std::vector<Column>& columns, const std::vector<std::size_t>& shown)
-        : order(shown), table(target, TitlesOf(columns, shown)), texts(shown.size())
+        : order(shown), table(target, TitlesOf(columns, shown)), made(shown.size()), texts(shown.size())
     {}
 
     void Add(std::span<const Cell> cells) override
     {
         for (std::size_t at = 0; at < order.size(); ++at) {
-            texts[at].clear();
-            std::visit(CAppendText{texts[at], "-"}, cells[order[at]]);
+            const Cell& cell = cells[order[at]];
+            if (const auto* text = std::get_if<std::string_view>(&cell)) {
+                texts[at] = *text;
+                continue;
+            }
+            made[at].clear();
+            std::visit(CAppendText{made[at], "-"}, cell);
+            texts[at] = made[at];
         }
         table.AddRow(texts);
     }
-    void AddNote(std::string_view first, std::string_view text) override
-    {
-        table.AddNote(std::string(first), std::string(text));
-    }
+    void AddNote(std::string_view first, std::string_view text) override { table.AddNote(first, text); }
     void Flush() override { table.Flush(); }
     void Finish() override { table.Flush(); }
 
@@ -153,7 +156,8 @@ private:
 
     std::vector<std::size_t> order;
     CTable table;
-    std::vector<std::string> texts; // of a row
+    std::vector<std::string> made;       // of the cells that are no texts
+    std::vector<std::string_view> texts; // of a row
 };
 
 } // namespace

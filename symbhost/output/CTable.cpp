@@ -3,6 +3,7 @@
 #include "symbhost/Text.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace {
@@ -18,14 +19,14 @@ constexpr char kCut[] = "…";
 
 CTable::CTable(COutput& target, std::vector<Column> given) : output(target), columns(std::move(given)) {}
 
-void CTable::Add(const std::vector<std::string>& cells, bool isNote)
+void CTable::Add(std::span<const std::string_view> cells, bool isNote)
 {
     if (!widths.empty()) {
         PrintRow(cells, isNote);
         return;
     }
     Row& row = pending.emplace_back(Row{{}, isNote});
-    for (const std::string& cell : cells)
+    for (const std::string_view cell : cells)
         row.cells.push_back(Printable(cell));
     if (pending.size() == kHeldRows)
         Flush();
@@ -36,14 +37,14 @@ void CTable::Flush()
     if (widths.empty() && !pending.empty())
         FixWidths();
     for (const Row& row : pending)
-        PrintRow(row.cells, row.isNote);
+        PrintRow(std::vector<std::string_view>(row.cells.begin(), row.cells.end()), row.isNote);
     pending.clear();
     output.Flush();
 }
 
 void CTable::FixWidths()
 {
-    std::vector<std::string> titles;
+    std::vector<std::string_view> titles;
     for (std::size_t at = 0; at < columns.size(); ++at) {
         titles.push_back(columns[at].title);
         widths.push_back(std::max(WidthOf(at), DisplayWidth(columns[at].title)));
@@ -64,26 +65,42 @@ std::size_t CTable::WidthOf(std::size_t column) const
     return cells.back() > std::max(kWide, 2 * most) ? most : cells.back();
 }
 
-void CTable::PrintRow(const std::vector<std::string>& cells, bool isNote)
+void CTable::PrintRow(std::span<const std::string_view> cells, bool isNote)
 {
-    line.clear();
-    std::size_t blanks = 0; // in front of the next text
-    for (std::size_t at = 0; at < cells.size(); ++at) {
-        const bool isPlain = IsPlain(cells[at]);
-        const std::string printable = isPlain ? std::string() : Printable(cells[at]);
-        const std::string& cell = isPlain ? cells[at] : printable;
-        const std::size_t width = isPlain ? cell.size() : DisplayWidth(cell);
-        const std::size_t padding = widths[at] > width ? widths[at] - width : 0;
-        const bool isRight = columns[at].alignRight && !isNote;
-        if (!cell.empty()) {
-            line.append(blanks + (isRight ? padding : 0), ' ');
-            line += cell;
-            blanks = 0;
-        }
-        blanks += (isRight && !cell.empty() ? 0 : padding) + kGap;
+    Arrange(cells, isNote, &std::string_view::size);
+    if (!IsPlain(line)) { // few are not, so one look at the whole line is cheaper than one at each cell
+        std::vector<std::string> printable;
+        printable.reserve(cells.size());
+        for (const std::string_view cell : cells)
+            printable.push_back(Printable(cell));
+        Arrange(std::vector<std::string_view>(printable.begin(), printable.end()), isNote, DisplayWidth);
     }
     if (output.IsTerminal() && DisplayWidth(line) > output.Columns())
         line = FirstCharacters(line, output.Columns() - 1) + kCut;
     line += '\n';
     output.Write(line);
+}
+
+template <class Width>
+void CTable::Arrange(std::span<const std::string_view> cells, bool isNote, Width&& width)
+{
+    std::size_t most = 0; // bytes
+    for (std::size_t at = 0; at < cells.size(); ++at)
+        most += widths[at] + cells[at].size() + kGap;
+    line.assign(most, ' ');
+    char* const begin = line.data();
+    char* end = begin;      // of the last text
+    std::size_t blanks = 0; // behind that
+    for (std::size_t at = 0; at < cells.size(); ++at) {
+        const std::string_view cell = cells[at];
+        const std::size_t columnsTaken = std::invoke(width, cell);
+        const std::size_t padding = widths[at] > columnsTaken ? widths[at] - columnsTaken : 0;
+        const bool isRight = columns[at].alignRight && !isNote;
+        if (!cell.empty()) {
+            end = std::ranges::copy(cell, end + blanks + (isRight ? padding : 0)).out;
+            blanks = 0;
+        }
+        blanks += (isRight && !cell.empty() ? 0 : padding) + kGap;
+    }
+    line.resize(static_cast<std::size_t>(end - begin));
 }

@@ -2,7 +2,10 @@
 
 #include "symbhost/output/COutput.h"
 
+#include <array>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // Rows of printable cells in columns.
@@ -22,9 +25,9 @@ public:
     CTable(COutput& target, std::vector<Column> given);
 
     // One cell for each column; any text, it is made printable here.
-    void AddRow(const std::vector<std::string>& cells) { Add(cells, false); }
+    void AddRow(std::span<const std::string_view> cells) { Add(cells, false); }
     // A first cell like those of other rows and then a text that spans the rest of the line.
-    void AddNote(const std::string& cell, const std::string& note) { Add({cell, note}, true); }
+    void AddNote(std::string_view cell, std::string_view note) { Add(std::array{cell, note}, true); }
     // Prints what was held back; the titles come with the first row.
     void Flush();
 
@@ -35,10 +38,13 @@ private:
         bool isNote;
     };
 
-    void Add(const std::vector<std::string>& cells, bool isNote);
+    void Add(std::span<const std::string_view> cells, bool isNote);
     void FixWidths();
     std::size_t WidthOf(std::size_t column) const;
-    void PrintRow(const std::vector<std::string>& cells, bool isNote);
+    void PrintRow(std::span<const std::string_view> cells, bool isNote);
+    // Puts cells side by side into `line`; `width` tells how many columns a text takes.
+    template <class Width>
+    void Arrange(std::span<const std::string_view> cells, bool isNote, Width&& width);
 
     COutput& output;
     std::vector<Column> columns;
