@@ -81,18 +81,29 @@ std::size_t CExportFile::CountDataBlocks() const
     return CountOf(list.Get());
 }
 
-ExportItem CExportFile::ReadVariable(std::size_t position) const
+CInterfacePtr<WalkElement> CExportFile::VariableAt(std::size_t position) const
 {
     CInterfacePtr<WalkElement> element;
     variables->Item(static_cast<LONG>(position), element.Put());
+    return element;
+}
+
+ExportItem CExportFile::ReadVariable(std::size_t position) const
+{
+    const CInterfacePtr<WalkElement> element = VariableAt(position);
     return element ? Reader().ReadItem(*element.Get()) : ExportItem();
 }
 
 std::string CExportFile::ReadVariableName(std::size_t position) const
 {
-    CInterfacePtr<WalkElement> element;
-    variables->Item(static_cast<LONG>(position), element.Put());
+    const CInterfacePtr<WalkElement> element = VariableAt(position);
     return element ? Reader().ReadName(*element.Get()) : std::string();
+}
+
+std::string CExportFile::ReadVariableType(std::size_t position) const
+{
+    const CInterfacePtr<WalkElement> element = VariableAt(position);
+    return element ? Reader().ReadTypeName(*element.Get()) : std::string();
 }
 
 std::vector<std::size_t> CExportFile::FindVariables(const std::string& name) const

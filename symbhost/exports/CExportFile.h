@@ -33,6 +33,7 @@ public:
     // By position in the export, duplicates and variables without a name or a type included.
     ExportItem ReadVariable(std::size_t position) const;
     std::string ReadVariableName(std::size_t position) const;
+    std::string ReadVariableType(std::size_t position) const;
     // The positions of the variables of this name in any case, from the last to the first.
     std::vector<std::size_t> FindVariables(const std::string& name) const;
 
@@ -48,6 +49,7 @@ private:
         std::uint32_t position;
     };
 
+    CInterfacePtr<WalkElement> VariableAt(std::size_t position) const;
     void ReadTypes(const CBstr& tag, ExportType::Kind kind) const;
 
     LoadProblem loadReport;

@@ -34,20 +34,31 @@ std::string CProject::MemberType(const std::string& parentType, const std::strin
     return found;
 }
 
-std::optional<CProject::Root> CProject::FindListedRoot(const std::string& name, bool isBranch) const
+std::optional<std::size_t> CProject::FindListedPosition(const std::string& name) const
 {
-    std::optional<Root> found;
+    std::optional<std::size_t> found;
     const std::vector<std::size_t> positions = file.FindVariables(name);
     for (const std::size_t position : positions) {
-        Root root{file.ReadVariable(position), true, isBranch};
-        if (root.item.name != name)
+        if (file.ReadVariableName(position) != name)
             continue;
-        if (positions.size() == 1 || MeaningOf(file, root.item.typeName).isFound)
-            return root;
+        if (positions.size() == 1 || MeaningOf(file, file.ReadVariableType(position)).isFound)
+            return position;
         if (!found)
-            found = std::move(root);
+            found = position;
     }
     return found;
+}
+
+std::optional<CProject::Root> CProject::FindListedRoot(const std::string& name, bool isBranch) const
+{
+    const std::optional<std::size_t> position = FindListedPosition(name);
+    return position ? std::optional(Root{file.ReadVariable(*position), true, isBranch}) : std::nullopt;
+}
+
+std::string CProject::FindListedType(const std::string& name) const
+{
+    const std::optional<std::size_t> position = FindListedPosition(name);
+    return position ? file.ReadVariableType(*position) : std::string();
 }
 
 std::optional<CProject::Root> CProject::FindRoot(const std::string& name) const

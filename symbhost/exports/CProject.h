@@ -32,8 +32,12 @@ public:
     std::optional<Root> FindRoot(const std::string& name) const;
     // What the export says of a variable that is listed under exactly this name.
     std::optional<Root> FindListedRoot(const std::string& name, bool isBranch) const;
+    // The name of its type alone; empty where the export has no such variable.
+    std::string FindListedType(const std::string& name) const;
 
 private:
+    std::optional<std::size_t> FindListedPosition(const std::string& name) const;
+
     CLoadedExport& loaded;
     CExportFile file;
 };

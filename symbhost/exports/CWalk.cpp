@@ -117,9 +117,12 @@ void CWalk::Visit(const ListingEntry& entry)
 {
     const NameOf what = levels.back().path.empty() ? NameOf::Variable : NameOf::Member;
     const bool isUnreachable = !entry.isElement && IsUnreachable(entry.name, what);
-    Describe(entry, levels.back().upperType, LookUp(entry.symbol, isUnreachable));
-    row.isBranch = entry.isBranch;
     hasRow = options.branches || !entry.isBranch;
+    if (!hasRow && what == NameOf::Variable)
+        Pass(entry);
+    else
+        Describe(entry, levels.back().upperType, LookUp(entry.symbol, isUnreachable));
+    row.isBranch = entry.isBranch;
     bool hasUnknownType = false;
     if (entry.isBranch && options.below && !isUnreachable) {
         const bool isRing =
@@ -129,7 +132,14 @@ void CWalk::Visit(const ListingEntry& entry)
         else
             hasUnknownType = !Enter(entry.symbol);
     }
-    SetReason(entry, hasUnknownType);
+    if (hasRow)
+        SetReason(entry, hasUnknownType);
+}
+
+void CWalk::Pass(const ListingEntry& variable)
+{
+    answer = {};
+    upperType = UpperName(project.FindListedType(variable.symbol));
 }
 
 LookupAnswer CWalk::LookUp(const std::string& symbol, bool isUnreachable) const
@@ -173,6 +183,8 @@ bool CWalk::Enter(const std::string& symbol)
         return true;
     }
     const std::string& failure = level.listing.Failure();
+    if (answer.name.empty()) // of a variable that was passed
+        answer = project.LookUp(symbol);
     const bool isTooDeep = !answer.IsResolved() && IsNoPath(answer);
     if (isTooDeep)
         NoteCut(symbol, "no path has more steps");

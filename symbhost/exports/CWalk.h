@@ -60,6 +60,8 @@ private:
     // goes before a variable of its path.
     bool IsOutOfReach(const std::string& path) const;
     void Visit(const ListingEntry& entry);
+    // For a branch that is no row: its type alone is read. No plain name of a branch answers, so none is looked up.
+    void Pass(const ListingEntry& variable);
     // The answer for a symbol itself: that for another one, under a name out of reach, is a failure.
     LookupAnswer LookUp(const std::string& symbol, bool isUnreachable) const;
     // Fills `row` with the answer of a lookup; the facts of a variable that is not served come from the export.

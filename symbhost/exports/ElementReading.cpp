@@ -53,6 +53,12 @@ CBstr Attribute(WalkElement& element, const CBstr& name)
     return text;
 }
 
+// What the plug-in keeps of it.
+std::string KeptAttribute(WalkElement& element, const CBstr& name)
+{
+    return std::string(WideToUtf8(Attribute(element, name).Get()).View());
+}
+
 CInterfacePtr<WalkElement> FirstChild(WalkElement& element, const CBstr& tag)
 {
     CInterfacePtr<WalkList> list;
@@ -110,7 +116,12 @@ ExportItem CElementReader::ReadItem(WalkElement& element) const
 
 std::string CElementReader::ReadName(WalkElement& element) const
 {
-    return std::string(WideToUtf8(Attribute(element, keys.name).Get()).View());
+    return KeptAttribute(element, keys.name);
+}
+
+std::string CElementReader::ReadTypeName(WalkElement& element) const
+{
+    return KeptAttribute(element, keys.typeName);
 }
 
 ExportSection CElementReader::ReadSection(WalkElement& element) const

@@ -14,6 +14,7 @@ public:
     const ExportKeys& Keys() const { return keys; }
     ExportItem ReadItem(WalkElement& element) const;
     std::string ReadName(WalkElement& element) const;
+    std::string ReadTypeName(WalkElement& element) const;
     ExportType ReadDerivedType(WalkElement& source) const;
     ExportType ReadFunctionBlock(WalkElement& source) const;
 
