@@ -3,7 +3,6 @@
 #include "symbhost/Text.h"
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 
 namespace {
@@ -67,7 +66,7 @@ std::size_t CTable::WidthOf(std::size_t column) const
 
 void CTable::PrintRow(std::span<const std::string_view> cells, bool isNote)
 {
-    Arrange(cells, isNote, &std::string_view::size);
+    Arrange(cells, isNote, [](std::string_view cell) { return cell.size(); });
     if (!IsPlain(line)) { // few are not, so one look at the whole line is cheaper than one at each cell
         std::vector<std::string> printable;
         printable.reserve(cells.size());
@@ -93,7 +92,7 @@ void CTable::Arrange(std::span<const std::string_view> cells, bool isNote, Width
     std::size_t blanks = 0; // behind that
     for (std::size_t at = 0; at < cells.size(); ++at) {
         const std::string_view cell = cells[at];
-        const std::size_t columnsTaken = std::invoke(width, cell);
+        const std::size_t columnsTaken = width(cell);
         const std::size_t padding = widths[at] > columnsTaken ? widths[at] - columnsTaken : 0;
         const bool isRight = columns[at].alignRight && !isNote;
         if (!cell.empty()) {
