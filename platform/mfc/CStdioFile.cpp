@@ -68,5 +68,5 @@ bool CStdioFile::WritePending() noexcept
 {
     DWORD done = 0;
     const auto bytes = static_cast<DWORD>(std::exchange(used, 0));
-    return bytes == 0 || WriteFile(file, pending.data(), bytes, &done, nullptr);
+    return WriteFile(file, pending.data(), bytes, &done, nullptr);
 }
