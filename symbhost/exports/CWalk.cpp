@@ -23,7 +23,7 @@ CWalk::CWalk(const CProject& walked, const WalkOptions& wanted) : project(walked
     if (options.path)
         Begin(*options.path);
     else
-        levels.push_back({CListing(project.Table(), {}), {}, {}});
+        levels.push_back({CListing(project.Table(), {}), {}, std::string()});
 }
 
 void CWalk::Begin(const std::string& path)
@@ -37,7 +37,7 @@ void CWalk::Begin(const std::string& path)
     if (!root) {
         const std::string parent = ParentOf(entry.symbol);
         Describe({parent, parent, true, false}, {}, project.LookUp(parent));
-        parentType = std::exchange(upperType, {});
+        parentType = upperType.value_or(std::string());
         entry.name = entry.symbol.substr(std::min(parent.size() + 1, entry.symbol.size()));
     }
     const bool isUnreachable = IsOutOfReach(path);
@@ -119,16 +119,14 @@ void CWalk::Visit(const ListingEntry& entry)
     const bool isUnreachable = !entry.isElement && IsUnreachable(entry.name, what);
     hasRow = options.branches || !entry.isBranch;
     if (!hasRow && what == NameOf::Variable)
-        Pass(entry);
+        Pass();
     else
-        Describe(entry, levels.back().upperType, LookUp(entry.symbol, isUnreachable));
+        Describe(entry, entry.isBranch ? TypeOf(levels.back()) : std::string(), LookUp(entry.symbol, isUnreachable));
     row.isBranch = entry.isBranch;
     bool hasUnknownType = false;
     if (entry.isBranch && options.below && !isUnreachable) {
-        const bool isRing =
-            !upperType.empty() && std::ranges::find(levels, upperType, &Level::upperType) != levels.end();
-        if (isRing)
-            NoteCut(entry.symbol, "its type " + upperType + " stands above it");
+        if (StandsAbove(upperType))
+            NoteCut(entry.symbol, "its type " + *upperType + " stands above it");
         else
             hasUnknownType = !Enter(entry.symbol);
     }
@@ -136,10 +134,22 @@ void CWalk::Visit(const ListingEntry& entry)
         SetReason(entry, hasUnknownType);
 }
 
-void CWalk::Pass(const ListingEntry& variable)
+void CWalk::Pass()
 {
     answer = {};
-    upperType = UpperName(project.FindListedType(variable.symbol));
+    upperType.reset();
+}
+
+const std::string& CWalk::TypeOf(Level& level)
+{
+    if (!level.upperType)
+        level.upperType = UpperName(project.FindListedType(level.path));
+    return *level.upperType;
+}
+
+bool CWalk::StandsAbove(const std::optional<std::string>& type)
+{
+    return type && !type->empty() && std::ranges::any_of(levels, [&](Level& level) { return TypeOf(level) == *type; });
 }
 
 LookupAnswer CWalk::LookUp(const std::string& symbol, bool isUnreachable) const

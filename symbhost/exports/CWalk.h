@@ -47,7 +47,7 @@ private:
     {
         CListing listing;
         std::string path;
-        std::string upperType; // of what is listed; empty: not known
+        std::optional<std::string> upperType; // of what is listed; empty: not known, nothing: not read
         std::vector<ListingEntry> page = {};
         std::size_t position = 0; // in the page
         std::size_t entries = 0;  // seen so far
@@ -60,8 +60,12 @@ private:
     // goes before a variable of its path.
     bool IsOutOfReach(const std::string& path) const;
     void Visit(const ListingEntry& entry);
-    // For a branch that is no row: its type alone is read. No plain name of a branch answers, so none is looked up.
-    void Pass(const ListingEntry& variable);
+    // For a variable with members that is no row. No plain name of one answers, so it is not looked up; its type is
+    // read when members need it.
+    void Pass();
+    const std::string& TypeOf(Level& level);
+    // Whether what is listed now is, or is inside, something of this type.
+    bool StandsAbove(const std::optional<std::string>& type);
     // The answer for a symbol itself: that for another one, under a name out of reach, is a failure.
     LookupAnswer LookUp(const std::string& symbol, bool isUnreachable) const;
     // Fills `row` with the answer of a lookup; the facts of a variable that is not served come from the export.
@@ -82,8 +86,8 @@ private:
     bool hasRow = false; // `row` is to be yielded
     std::size_t visited = 0;
     Row row;
-    LookupAnswer answer{};              // holds the row's texts
-    std::optional<CProject::Root> root; // or this does
-    std::string upperType;              // of the row
+    LookupAnswer answer{};                // holds the row's texts
+    std::optional<CProject::Root> root;   // or this does
+    std::optional<std::string> upperType; // of the row; nothing: not read
     WalkCut cut;
 };

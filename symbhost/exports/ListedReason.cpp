@@ -4,6 +4,8 @@
 #include "symbkds/model/TypeCodes.h"
 #include "symbkds/resolve/CSymbKorvaAnalyser.h"
 
+#include <algorithm>
+
 bool IsNoPath(const LookupAnswer& failed)
 {
     // The lookup sends this for any path that it cannot analyse.
@@ -13,8 +15,8 @@ bool IsNoPath(const LookupAnswer& failed)
 
 bool IsUnreachable(std::string_view name, NameOf what)
 {
-    return name.find_first_of(".[") != std::string_view::npos || (what == NameOf::Variable && name.starts_with(' ')) ||
-           CSymbKorvaAnalyser::IsNumberFrom(name, 0);
+    return std::ranges::any_of(name, [](char c) { return c == '.' || c == '['; }) ||
+           (what == NameOf::Variable && name.starts_with(' ')) || CSymbKorvaAnalyser::IsNumberFrom(name, 0);
 }
 
 Reason ReasonOfRoot(const LookupAnswer& failed, const ExportItem& variable, bool isBranch)
