@@ -48,7 +48,7 @@ TEST(CString, IsMadeAndCutToFit)
 
 TEST(CString, CopiesShareUntilOneChanges)
 {
-    CString original("shared text");
+    CString original("shared `az{");
     CString copy(original);
     CString assigned;
     assigned = copy;
@@ -58,22 +58,22 @@ TEST(CString, CopiesShareUntilOneChanges)
 
     copy += "!";
     assigned.MakeUpper();
-    ExpectText(original, "shared text");
-    ExpectText(copy, "shared text!");
-    ExpectText(assigned, "SHARED TEXT");
+    ExpectText(original, "shared `az{");
+    ExpectText(copy, "shared `az{!");
+    ExpectText(assigned, "SHARED `AZ{");
 
     CString upper(assigned);
     upper.MakeUpper().Replace('!', '?');
     EXPECT_EQ(Address(upper), Address(assigned)); // nothing to change, nothing copied
     EXPECT_EQ(upper.Replace('S', 's'), 1);
-    ExpectText(upper, "sHARED TEXT");
-    ExpectText(assigned, "SHARED TEXT");
+    ExpectText(upper, "sHARED `AZ{");
+    ExpectText(assigned, "SHARED `AZ{");
 
     CString moved(std::move(upper));
     upper = moved;
     moved.Empty();
     ExpectText(moved, "");
-    ExpectText(upper, "sHARED TEXT");
+    ExpectText(upper, "sHARED `AZ{");
 }
 
 TEST(CString, OperandsMayBePartsOfTheTextItself)
