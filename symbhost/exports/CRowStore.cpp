@@ -16,6 +16,7 @@ char* CRowStore::Room(std::size_t bytes)
 {
     if (bytes > freeBytes) {
         freeBytes = std::max(bytes, kBlockBytes);
+        textBytes += freeBytes;
         blocks.push_back(std::make_unique<char[]>(freeBytes));
         free = blocks.back().get();
     }
@@ -37,8 +38,8 @@ const char* CRowStore::Keep(std::string_view text)
 
 void CRowStore::Add(const Row& row)
 {
-    if (rows.size() == kMostRows)
-        throw CHostError("there are more than " + std::to_string(kMostRows) + " symbols to keep");
+    if (textBytes + std::uint64_t{rows.size()} * sizeof(StoredRow) > kMostBytes)
+        throw CHostError("the symbols to keep take more than " + std::to_string(kMostBytes >> 30U) + " GiB");
     rows.push_back({static_cast<const RowFacts&>(row), Keep(row.name), Keep(row.address), Keep(row.typeName),
                     Keep(row.kindName), Keep(row.comment), Keep(row.customerString)});
 }

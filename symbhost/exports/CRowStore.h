@@ -3,6 +3,7 @@
 #include "symbhost/exports/Row.h"
 
 #include <array>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <vector>
@@ -12,9 +13,10 @@
 class CRowStore
 {
 public:
-    static constexpr std::size_t kMostRows = 10'000'000;
+    static constexpr std::size_t kMostRows = 10'000'000; // that a command looks at
 
-    // Raises CHostError behind kMostRows, so that a damaged export cannot take all memory.
+    // Raises CHostError when rows and texts take more than kMostBytes, as those of a damaged export with names of a
+    // thousand characters may.
     void Add(const Row& row);
     std::size_t Count() const { return rows.size(); }
     // Its texts live as long as the store.
@@ -37,11 +39,13 @@ private:
         const char* customerString;
     };
 
+    static constexpr std::uint64_t kMostBytes = std::uint64_t{4} << 30U;
     static constexpr std::size_t kRecentTexts = 4096;
 
     std::deque<StoredRow> rows;
     std::vector<std::unique_ptr<char[]>> blocks;
     char* free = nullptr; // of the last block
     std::size_t freeBytes = 0;
+    std::uint64_t textBytes = 0;                    // of all blocks
     std::array<const char*, kRecentTexts> recent{}; // by hash
 };
