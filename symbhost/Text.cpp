@@ -62,6 +62,12 @@ void AppendEscape(std::string& text, char32_t value, bool isByte)
     AppendHex(text, value, isByte ? 2 : 4);
 }
 
+// Printable ASCII.
+bool IsPlainByte(char byte)
+{
+    return byte >= ' ' && byte <= '~';
+}
+
 // All but the bytes that continue a character.
 bool BeginsCharacter(char byte)
 {
@@ -82,10 +88,14 @@ std::string Utf8FromArgument(const std::string& argument)
 
 std::string Printable(std::string_view text)
 {
-    if (IsPlain(text))
-        return std::string(text);
     std::string printable;
+    printable.reserve(text.size());
     while (!text.empty()) {
+        const auto plainEnd = std::ranges::find_if_not(text, IsPlainByte);
+        printable.append(text.begin(), plainEnd);
+        text.remove_prefix(static_cast<std::size_t>(plainEnd - text.begin()));
+        if (text.empty())
+            break;
         const Decoded decoded = DecodeUtf8(text);
         if (decoded.bytes == 0)
             AppendEscape(printable, static_cast<unsigned char>(text.front()), true);
@@ -100,12 +110,10 @@ std::string Printable(std::string_view text)
 
 bool IsPlain(std::string_view text)
 {
-    // Eight bytes at a time. One below ' ' borrows and one above '~' carries into its highest bit; until there is such
-    // a byte, none touches its neighbour.
+    // Eight bytes at a time: the difference has the highest bit of a byte below ' ', the sum that of one above '~'.
+    // What is borrowed and carried comes from such bytes alone.
     constexpr std::uint64_t kEach = 0x0101010101010101U;
-    const auto faults = [](std::uint64_t bytes) {
-        return ((bytes - ' ' * kEach) | (bytes + kEach) | bytes) & (0x80 * kEach);
-    };
+    const auto faults = [](std::uint64_t bytes) { return ((bytes - ' ' * kEach) | (bytes + kEach)) & (0x80 * kEach); };
     std::uint64_t found = 0;
     std::uint64_t bytes = 0;
     for (; text.size() >= sizeof bytes; text.remove_prefix(sizeof bytes)) {
@@ -113,7 +121,8 @@ bool IsPlain(std::string_view text)
         found |= faults(bytes);
     }
     bytes = ' ' * kEach;
-    std::memcpy(&bytes, text.data(), text.size());
+    if (!text.empty())
+        std::memcpy(&bytes, text.data(), text.size());
     return (found | faults(bytes)) == 0;
 }
 

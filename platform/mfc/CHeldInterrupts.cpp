@@ -49,7 +49,7 @@ bool CHeldInterrupts::WasInterrupted() const
 void CHeldInterrupts::EndIfInterrupted()
 {
     if (const int signal = heldSignal) {
-        std::signal(signal, SIG_DFL);
+        std::signal(signal, SIG_DFL); // on Windows Hold runs on a thread of its own and may just have come back
         std::raise(signal);
     }
 }

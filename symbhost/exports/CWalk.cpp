@@ -122,7 +122,6 @@ void CWalk::Visit(const ListingEntry& entry)
         Pass();
     else
         Describe(entry, entry.isBranch ? TypeOf(levels.back()) : std::string(), LookUp(entry.symbol, isUnreachable));
-    row.isBranch = entry.isBranch;
     bool hasUnknownType = false;
     if (entry.isBranch && options.below && !isUnreachable) {
         if (StandsAbove(upperType))
@@ -136,6 +135,7 @@ void CWalk::Visit(const ListingEntry& entry)
 
 void CWalk::Pass()
 {
+    row = {};
     answer = {};
     upperType.reset();
 }
@@ -165,6 +165,7 @@ void CWalk::Describe(const ListingEntry& entry, const std::string& parentType, L
     root.reset();
     answer = std::move(looked);
     row = RowOf(answer);
+    row.isBranch = entry.isBranch;
     if (!row.IsServed() && entry.name == entry.symbol)
         root = levels.empty() ? project.FindRoot(entry.symbol) : project.FindListedRoot(entry.symbol, entry.isBranch);
     if (root)
@@ -193,8 +194,6 @@ bool CWalk::Enter(const std::string& symbol)
         return true;
     }
     const std::string& failure = level.listing.Failure();
-    if (answer.name.empty()) // of a variable that was passed
-        answer = project.LookUp(symbol);
     const bool isTooDeep = !answer.IsResolved() && IsNoPath(answer);
     if (isTooDeep)
         NoteCut(symbol, "no path has more steps");

@@ -12,7 +12,7 @@ struct WalkOptions
     bool branches = false;
     DWORD elements = 0;                                         // at most so many of each dimension; 0: all
     bool below = true;                                          // not only the variables themselves
-    std::size_t most = std::numeric_limits<std::size_t>::max(); // symbols that are looked up, yielded or not
+    std::size_t most = std::numeric_limits<std::size_t>::max(); // symbols, yielded or not
     bool allVariables = false;                                  // however many; then `most` is for what is below them
 };
 
@@ -25,7 +25,8 @@ struct WalkCut
     bool isStopped = false; // there are more symbols than were to be looked up
 };
 
-// Walks depth first in listing order over what a host is listed, and looks each symbol up.
+// Walks depth first in listing order over what a host is listed, and looks each symbol up but variables with members
+// that are not yielded.
 //
 // Yields leaves, with `branches` what has members too; of a path, then, the path itself first. Does not go
 // into a type that stands above itself. One page of each level is in memory at a time.
@@ -60,8 +61,8 @@ private:
     // goes before a variable of its path.
     bool IsOutOfReach(const std::string& path) const;
     void Visit(const ListingEntry& entry);
-    // For a variable with members that is no row. No plain name of one answers, so it is not looked up; its type is
-    // read when members need it.
+    // For a variable with members that is not yielded. A lookup of it never answers, so none is made; its type is read
+    // when members need it.
     void Pass();
     const std::string& TypeOf(Level& level);
     // Whether what is listed now is, or is inside, something of this type.
@@ -71,7 +72,7 @@ private:
     // Fills `row` with the answer of a lookup; the facts of a variable that is not served come from the export.
     void Describe(const ListingEntry& entry, const std::string& parentType, LookupAnswer&& looked);
     void SetReason(const ListingEntry& entry, bool hasUnknownType);
-    // Starts to list below the symbol that `row` describes; false when its type is not known.
+    // Starts to list below the symbol that was described or passed last; false when its type is not known.
     bool Enter(const std::string& symbol);
     // Leaves out what is left, because `most` symbols were looked up.
     void Stop();

@@ -67,12 +67,13 @@ std::size_t CTable::WidthOf(std::size_t column) const
 void CTable::PrintRow(std::span<const std::string_view> cells, bool isNote)
 {
     Arrange(cells, isNote, [](std::string_view cell) { return cell.size(); });
-    if (!IsPlain(line)) { // few are not, so one look at the whole line is cheaper than one at each cell
-        std::vector<std::string> printable;
-        printable.reserve(cells.size());
-        for (const std::string_view cell : cells)
-            printable.push_back(Printable(cell));
-        Arrange(std::vector<std::string_view>(printable.begin(), printable.end()), isNote, DisplayWidth);
+    if (!IsPlain(line)) { // most are; where umlauts or worse stand, the few cells that hold them are made printable
+        std::vector<std::string_view> shown(cells.begin(), cells.end());
+        std::vector<std::string> printable(cells.size());
+        for (std::size_t at = 0; at < cells.size(); ++at)
+            if (!IsPlain(cells[at]))
+                shown[at] = printable[at] = Printable(cells[at]);
+        Arrange(shown, isNote, DisplayWidth);
     }
     if (output.IsTerminal() && DisplayWidth(line) > output.Columns())
         line = FirstCharacters(line, output.Columns() - 1) + kCut;

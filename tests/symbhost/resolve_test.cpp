@@ -73,7 +73,10 @@ TEST_F(ResolveTest, NonsenseDoesNothingToTheTerminal)
     const std::string plant = Export(kPlant);
     const std::string nonsense =
         std::string("AA\0B\n", 5) + "\x1b]0;x\x07\nBAD\xff\xc3\n" + std::string(60000, '.') + "\n";
-    const HostRun table = Run({"resolve", plant, "ODD", "-"}, nonsense);
+    std::string many; // more than the table holds back, with ODD in front
+    for (int count = 0; count < 600; ++count)
+        many += "W1\n";
+    const HostRun table = Run({"resolve", plant, "ODD", "-"}, many + nonsense);
     EXPECT_EQ(table.status, 1);
     EXPECT_EQ(table.output.find_first_of("\x1b\x07\xff"), std::string::npos);
     for (const char* const shown : {"a\\nb\\x1b[2J\\u009b\\u202ec", "AA\\x00B", "\\x1b]0;x\\x07", "BAD\\xff\\xc3"})
@@ -96,6 +99,8 @@ TEST(TextTest, PrintableEscapesWhatMovesTheTerminal)
     } cases[] = {
         {"Größe €😀", "Größe €😀", 8},
         {"\n\r\t\x1b\x7f", "\\n\\r\\t\\x1b\\x7f", 14},
+        {"\x7f", "\\x7f", 4},
+        {"\x1b[2J plain to the end", "\\x1b[2J plain to the end", 24},
         {"\xc2\x9b\xc2\x9f|\xe2\x80\xae|\xef\xbb\xbf", "\\u009b\\u009f|\\u202e|\\ufeff", 26},
         {"\x80|\xc3|\xe2\x82", "\\x80|\\xc3|\\xe2\\x82", 18},        // no character starts or ends here
         {"\xc0\x80|\xe0\x9f\xbf", "\\xc0\\x80|\\xe0\\x9f\\xbf", 21}, // longer than need be
@@ -103,8 +108,10 @@ TEST(TextTest, PrintableEscapesWhatMovesTheTerminal)
     };
     for (const auto& row : cases) {
         EXPECT_EQ(Printable(row.text), row.printable);
+        EXPECT_FALSE(IsPlain(row.text)) << row.printable;
         EXPECT_EQ(DisplayWidth(row.printable), row.width) << row.printable;
     }
+    EXPECT_TRUE(IsPlain(" from blank to ~"));
 }
 
 } // namespace
