@@ -44,8 +44,8 @@ TEST(BrowseLimits, AHugeArrayIsListedToItsLimit)
 
 TEST(BrowseLimits, AListingHolds128MiBOfTexts)
 {
-    const std::string name(1000, 'N'); // each element repeats it, and has its parent's identifier and a "." besides
-    const std::u16string parent(1015, u'P');
+    const std::string name(1016, 'N'); // each element repeats it, and has its parent's identifier and a "." besides
+    const std::u16string parent(1023, u'P');
     CLoadedExport plant("VAR " + name + " ARRAY[100000..199999] OF INT AT %MW0 size 8");
     const HostPage page = plant.table.BrowsePage({.path = name.c_str(), .parentId = parent.c_str()}, 0);
     EXPECT_EQ(page.elements.size(), (128U << 20U) / (name.size() + std::size("[100000]") - 1 + parent.size() + 1));
