@@ -110,7 +110,7 @@ TEST_F(Import, ReadsEveryEncoding)
         {Encoded(mark + body, 4, false), " UTF-32LE"},
         {Encoded(mark + declared, 4, true), "utf-16 UTF-32BE"},
         {mark + "<?xml version=' encoding=' encoding='latin1'?>" + body, "latin1 UTF-8"},
-        {"<?xml version='1.0' encoding='windows-1252'?>" + body, "windows-1252 UTF-8"}};
+        {"<?xml version=\"1.0\" encoding=\"windows-1252\"?>" + body, "windows-1252 UTF-8"}};
     for (const auto& row : exports) {
         const ElementPtr root = LoadAndFind(row.bytes, "r");
         ASSERT_TRUE(root);
