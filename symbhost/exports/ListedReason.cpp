@@ -15,8 +15,7 @@ bool IsNoPath(const LookupAnswer& failed)
 
 bool IsUnreachable(std::string_view name, NameOf what)
 {
-    // A search for one of several would call a function for each character.
-    return std::ranges::any_of(name, [](char c) { return c == '.' || c == '['; }) ||
+    return std::ranges::any_of(name, CSymbKorvaAnalyser::EndsName) ||
            (what == NameOf::Variable && name.starts_with(' ')) || CSymbKorvaAnalyser::IsNumberFrom(name, 0);
 }
 

@@ -27,14 +27,9 @@ constexpr bool IsListCharacter(char c)
     return IsNumberCharacter(c) || c == ',' || c == '.';
 }
 
-constexpr bool EndsName(char c)
-{
-    return c == '[' || c == '.';
-}
-
 constexpr bool EndsIndex(char c)
 {
-    return EndsName(c) || c == ']';
+    return CSymbKorvaAnalyser::EndsName(c) || c == ']';
 }
 
 // Position of the first character that `ends` accepts; npos when there is none.

@@ -47,6 +47,8 @@ public:
     const CSymbKorvaAnalysedItem& GetItem(int item) const { return items[static_cast<std::size_t>(item)]; }
     const CSymbKorvaAnalysedItem& GetLastItem() const { return GetItem(lastIndex); }
 
+    // Whether a name ends in front of this character.
+    static constexpr bool EndsName(char c) { return c == '[' || c == '.'; }
     // Whether the text from `start` on is made of digits and minus signs; nothing is too.
     static bool IsNumberFrom(std::string_view text, std::size_t start);
     // Whether the text up to its first "]" is made of digits, "-", "," and "."; `length` is that of this part then.
