@@ -150,7 +150,7 @@ int AtCommand(CLoadedExport& loaded, const AtOptions& options, COutput& output)
     everything.branches = true;
     // No variable is lost behind a huge array; what is below them gets the rest of the room.
     everything.allVariables = true;
-    everything.most = CRowStore::kMostRows - std::min(CRowStore::kMostRows, project.File().CountVariables());
+    everything.most = WalkOptions::kMostSymbols - std::min(WalkOptions::kMostSymbols, project.File().CountVariables());
     CWalk walk(project, everything);
     const CRowStore rows = Collect(walk, all);
     ComplainOfCut(walk.Cut());

@@ -72,7 +72,7 @@ bool ForEachRow(LoadOptions load, const std::string& path, const CWantedSymbols&
     const CProject project(loaded);
     WalkOptions everything;
     everything.branches = true;
-    everything.most = CRowStore::kMostRows;
+    everything.most = WalkOptions::kMostSymbols;
     CWalk walk(project, everything);
     while (walk.Next())
         if (wanted.Accepts(walk.Current()))

@@ -1,7 +1,6 @@
 #include "symbhost/commands/WalkCutNotice.h"
 
 #include "symbhost/Failure.h"
-#include "symbhost/exports/CRowStore.h"
 
 void ComplainOfCut(const WalkCut& cut)
 {
@@ -9,6 +8,6 @@ void ComplainOfCut(const WalkCut& cut)
         Complain("not everything is listed: below " + cut.first + ", " + cut.why +
                  (cut.count == 1 ? "" : "; and below " + std::to_string(cut.count - 1) + " more"));
     if (cut.isStopped)
-        Complain("not everything is looked at: there are more than " + std::to_string(CRowStore::kMostRows) +
+        Complain("not everything is looked at: there are more than " + std::to_string(WalkOptions::kMostSymbols) +
                  " symbols");
 }

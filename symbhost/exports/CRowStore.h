@@ -13,9 +13,7 @@
 class CRowStore
 {
 public:
-    static constexpr std::size_t kMostRows = 10'000'000; // that a command looks at
-
-    // Raises CHostError when rows and texts take more than kMostBytes, as those of a damaged export with names of a
+    // Raises CHostError when rows and texts take more than 4 GiB, as those of a damaged export with names of a
     // thousand characters may.
     void Add(const Row& row);
     std::size_t Count() const { return rows.size(); }

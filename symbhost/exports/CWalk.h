@@ -8,6 +8,9 @@
 
 struct WalkOptions
 {
+    // So many are looked at where an export with more would cost too much time.
+    static constexpr std::size_t kMostSymbols = 10'000'000;
+
     std::optional<std::string> path; // below which to walk; none: all variables
     bool branches = false;
     DWORD elements = 0;                                         // at most so many of each dimension; 0: all
@@ -22,7 +25,7 @@ struct WalkCut
     std::size_t count = 0;
     std::string first;      // the first symbol below which something is missing
     std::string why;        // of that one
-    bool isStopped = false; // there are more symbols than were to be looked up
+    bool isStopped = false; // there are more symbols than `most`
 };
 
 // Walks depth first in listing order over what a host is listed, and looks each symbol up but variables with members
@@ -74,7 +77,7 @@ private:
     void SetReason(const ListingEntry& entry, bool hasUnknownType);
     // Starts to list below the symbol that was described or passed last; false when its type is not known.
     bool Enter(const std::string& symbol);
-    // Leaves out what is left, because `most` symbols were looked up.
+    // Leaves out what is left, because `most` symbols were visited.
     void Stop();
     // Ends the level that lists last.
     void Leave();
