@@ -20,6 +20,14 @@ std::string Trimmed(std::string text)
     return text;
 }
 
+// Why a text that was read as a whole can be no name; empty when it may be one.
+std::string_view FaultOf(const std::string& name)
+{
+    if (name.find('\0') != std::string::npos)
+        return "the name holds a null";
+    return IsPlain(name) || ValidUtf8(name) == name ? std::string_view() : "the name is no UTF-8";
+}
+
 void CheckReading(const std::istream& stream, const std::string& name)
 {
     if (stream.bad())
@@ -83,8 +91,10 @@ std::optional<GivenName> CNameList::ReadLine(CTableInput& input, std::istream& s
     while (input.NextLine(line)) {
         std::string name =
             Trimmed(line.cells.front().substr(0, line.fault.empty() ? std::string::npos : kShownOfLongName));
-        if (!name.empty())
-            return GivenName{std::move(name), line.fault, {}};
+        if (name.empty())
+            continue;
+        const std::string_view fault = line.fault.empty() ? FaultOf(name) : line.fault;
+        return GivenName{std::move(name), fault, {}};
     }
     CheckReading(stream, &stream == &standard ? "-" : source.file);
     return std::nullopt;
@@ -100,7 +110,9 @@ std::optional<GivenName> CNameList::ReadRow()
     row.cells.resize(moreColumns.size() + 1);
     GivenName name{Trimmed(std::move(row.cells[column])), row.fault, std::move(row.cells)};
     name.more.erase(name.more.begin() + static_cast<std::ptrdiff_t>(column));
-    if (!name.fault.empty())
+    if (name.fault.empty())
+        name.fault = FaultOf(name.name);
+    else
         name.name.resize(std::min(name.name.size(), kShownOfLongName));
     return name;
 }

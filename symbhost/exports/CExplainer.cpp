@@ -1,7 +1,6 @@
 #include "symbhost/exports/CExplainer.h"
 
 #include "symbhost/CNearestNames.h"
-#include "symbhost/Text.h"
 #include "symbhost/exports/ListedReason.h"
 #include "symbhost/exports/UpperName.h"
 #include "symbkds/model/ArrayDeclaration.h"
@@ -55,9 +54,9 @@ Explanation CExplainer::Explain(const LookupAnswer& answer)
     if (answer.IsResolved())
         return ExplainServed(answer);
     const CSymbolPath path(answer.name);
-    if (!path.IsPath() || IsNoPath(answer) || ValidUtf8(answer.name) != answer.name)
-        return {Reason::NotAPath, "this is no name: a path begins with a variable and has at most 16 steps, brackets "
-                                  "hold numbers, and the text is UTF-8"};
+    if (!path.IsPath() || IsNoPath(answer))
+        return {Reason::NotAPath, "this is no name: a path begins with a variable and has at most 16 steps, and "
+                                  "brackets hold numbers"};
     if (const std::string listed = FindUnreachable(path, answer.name); !listed.empty())
         return {Reason::UnreachableName, listed + " of this name is listed, but " + kReadOtherwise};
     const std::optional<CProject::Root> root = project.FindRoot(path.Prefix(0));

@@ -72,10 +72,12 @@ TEST_F(DiffTest, TellsEachChange)
     }
     EXPECT_TRUE(Diff(motor, "VAR N INT block 2", {}).output.ends_with("\n0 changed, 2 removed, 1 added\n"));
     // A line that can be no name leaves the comparison incomplete.
-    const HostRun faulty =
-        Diff(motor, motor, {"--from", folder.WriteFile("names", "Tag\n\"M\nM\n"), "--column", "Tag"});
-    EXPECT_NE(faulty.errors.find("not compared: M: "), std::string::npos) << faulty.errors;
-    EXPECT_EQ(faulty.status, 1);
+    for (const std::string& line : std::vector<std::string>{"\"M", "M\xff", {"M\0", 2}}) {
+        const std::string names = folder.WriteFile("names", "Tag\n" + line + "\nM\n");
+        const HostRun faulty = Diff(motor, motor, {"--from", names, "--column", "Tag"});
+        EXPECT_NE(faulty.errors.find("not compared: M"), std::string::npos) << faulty.errors;
+        EXPECT_EQ(faulty.status, 1);
+    }
     EXPECT_EQ(Diff(motor, motor, {"--only", "renamed"}).status, 2);
     EXPECT_EQ(Run({"diff", folder.FilePath("before.kds"), folder.FilePath("missing.kds")}).status, 2);
 }
